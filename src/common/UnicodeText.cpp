@@ -1,0 +1,114 @@
+#include "common/UnicodeText.h"
+
+#include <unicode/ustring.h>
+#include <unicode/utf16.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+
+namespace tarnquill {
+
+namespace {
+
+// ICU counts in 32-bit integers, so long texts go through it in pieces that end between characters.
+constexpr std::size_t kPiece = std::size_t{1} << 28;
+
+constexpr bool isLeadSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+constexpr bool isTrailSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
+std::size_t utf8PieceEnd(std::string_view text, std::size_t start) {
+    if (text.size() - start <= kPiece) {
+        return text.size();
+    }
+    auto end = start + kPiece;
+    while (end > start + kPiece - 4 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
+        --end;
+    }
+    return end;
+}
+
+std::size_t utf16PieceEnd(std::u16string_view text, std::size_t start) {
+    if (text.size() - start <= kPiece) {
+        return text.size();
+    }
+    const auto end = start + kPiece;
+    return isLeadSurrogate(text[end - 1]) ? end - 1 : end;
+}
+
+} // namespace
+
+std::optional<std::u16string> utf16FromUTF8(std::string_view text) {
+    std::u16string result(text.size(), u'\0');
+    std::size_t written = 0;
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = utf8PieceEnd(text, start);
+        const auto room = static_cast<std::int32_t>(std::min<std::size_t>(result.size() - written, INT32_MAX));
+        std::int32_t length = 0;
+        auto error = U_ZERO_ERROR;
+        u_strFromUTF8(result.data() + written, room, &length, text.data() + start,
+                      static_cast<std::int32_t>(end - start), &error);
+        if (U_FAILURE(error)) {
+            return std::nullopt;
+        }
+        written += static_cast<std::size_t>(length);
+        start = end;
+    }
+    result.resize(written);
+    return result;
+}
+
+std::size_t utf8Length(std::u16string_view text) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto unit = text[i];
+        if (unit < 0x80) {
+            length += 1;
+        } else if (unit < 0x800) {
+            length += 2;
+        } else if (isLeadSurrogate(unit) && i + 1 < text.size() && isTrailSurrogate(text[i + 1])) {
+            length += 4;
+            ++i;
+        } else {
+            length += 3;
+        }
+    }
+    return length;
+}
+
+namespace {
+
+// Writes the text's UTF-8 and tells how many surrogates had to be replaced.
+std::string convertToUTF8(std::u16string_view text, std::size_t& replaced) {
+    std::string result(utf8Length(text), '\0');
+    std::size_t written = 0;
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = utf16PieceEnd(text, start);
+        const auto room = static_cast<std::int32_t>(std::min<std::size_t>(result.size() - written, INT32_MAX));
+        std::int32_t length = 0;
+        std::int32_t substitutions = 0;
+        auto error = U_ZERO_ERROR;
+        u_strToUTF8WithSub(result.data() + written, room, &length, text.data() + start,
+                           static_cast<std::int32_t>(end - start), 0xFFFD, &substitutions, &error);
+        written += static_cast<std::size_t>(length);
+        replaced += static_cast<std::size_t>(substitutions);
+        start = end;
+    }
+    result.resize(written);
+    return result;
+}
+
+} // namespace
+
+std::optional<std::string> utf8FromUTF16(std::u16string_view text) {
+    std::size_t replaced = 0;
+    auto result = convertToUTF8(text, replaced);
+    return replaced == 0 ? std::optional(std::move(result)) : std::nullopt;
+}
+
+std::string lossyUTF8FromUTF16(std::u16string_view text) {
+    std::size_t replaced = 0;
+    return convertToUTF8(text, replaced);
+}
+
+} // namespace tarnquill
