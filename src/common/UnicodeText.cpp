@@ -14,8 +14,12 @@ namespace {
 // ICU counts in 32-bit integers, so long texts go through it in pieces that end between characters.
 constexpr std::size_t kPiece = std::size_t{1} << 28;
 
-constexpr bool isLeadSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-constexpr bool isTrailSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+constexpr bool isLeadSurrogate(char16_t unit) {
+    return (unit & 0xFC00) == 0xD800;
+}
+constexpr bool isTrailSurrogate(char16_t unit) {
+    return (unit & 0xFC00) == 0xDC00;
+}
 
 std::size_t utf8PieceEnd(std::string_view text, std::size_t start) {
     if (text.size() - start <= kPiece) {
@@ -43,7 +47,8 @@ std::optional<std::u16string> utf16FromUTF8(std::string_view text) {
     std::size_t written = 0;
     for (std::size_t start = 0; start < text.size();) {
         const auto end = utf8PieceEnd(text, start);
-        const auto room = static_cast<std::int32_t>(std::min<std::size_t>(result.size() - written, INT32_MAX));
+        const auto room =
+            static_cast<std::int32_t>(std::min<std::size_t>(result.size() - written, INT32_MAX));
         std::int32_t length = 0;
         auto error = U_ZERO_ERROR;
         u_strFromUTF8(result.data() + written, room, &length, text.data() + start,
@@ -56,6 +61,17 @@ std::optional<std::u16string> utf16FromUTF8(std::string_view text) {
     }
     result.resize(written);
     return result;
+}
+
+bool isWellFormedUTF16(std::u16string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isLeadSurrogate(text[i]) && i + 1 < text.size() && isTrailSurrogate(text[i + 1])) {
+            ++i;
+        } else if (U16_IS_SURROGATE(text[i])) {
+            return false;
+        }
+    }
+    return true;
 }
 
 std::size_t utf8Length(std::u16string_view text) {
@@ -84,7 +100,8 @@ std::string convertToUTF8(std::u16string_view text, std::size_t& replaced) {
     std::size_t written = 0;
     for (std::size_t start = 0; start < text.size();) {
         const auto end = utf16PieceEnd(text, start);
-        const auto room = static_cast<std::int32_t>(std::min<std::size_t>(result.size() - written, INT32_MAX));
+        const auto room =
+            static_cast<std::int32_t>(std::min<std::size_t>(result.size() - written, INT32_MAX));
         std::int32_t length = 0;
         std::int32_t substitutions = 0;
         auto error = U_ZERO_ERROR;

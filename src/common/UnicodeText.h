@@ -13,6 +13,9 @@ namespace tarnquill {
 // Nothing when the text holds a surrogate without its partner.
 [[nodiscard]] std::optional<std::string> utf8FromUTF16(std::u16string_view text);
 
+// Whether every surrogate has its partner.
+[[nodiscard]] bool isWellFormedUTF16(std::u16string_view text);
+
 // For texts that are only shown: each ill-formed sequence becomes U+FFFD.
 [[nodiscard]] std::string lossyUTF8FromUTF16(std::u16string_view text);
 
