@@ -1,0 +1,28 @@
+// What a start of the program asks for: the files to open. A second start sends it to the running program.
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <optional>
+
+namespace tarnquill {
+
+struct LaunchRequest {
+    QStringList files; // absolute paths
+    QString activationToken =
+        {}; // lets the running window come to the front, where the desktop asks for such a token
+
+    // No message is longer, so that nothing that writes to the socket can make the running program grow.
+    static constexpr qsizetype kMaxMessageBytes = 1 << 20;
+
+    // One line of JSON, with its line feed.
+    [[nodiscard]] QByteArray message() const;
+
+    // Reads a message; none when it is too long, not a message at all or holds anything but absolute paths.
+    [[nodiscard]] static std::optional<LaunchRequest> fromMessage(const QByteArray& message);
+
+    friend bool operator==(const LaunchRequest&, const LaunchRequest&) = default;
+};
+
+} // namespace tarnquill

@@ -1,0 +1,38 @@
+// Owns every tool's model for the lifetime of a window, so that leaving a tool never loses its state, and
+// hands files to the tools.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+class QUrl;
+
+namespace tarnquill {
+
+class ToolCatalogue;
+
+// The name of the file or folder that a local file URL names.
+[[nodiscard]] QString lastPathComponent(const QUrl& url);
+
+// What follows the last dot of the name. Empty when there is no dot, or it is the name's first or last
+// character.
+[[nodiscard]] QString pathExtension(const QUrl& url);
+
+class ToolHost : public QObject {
+    Q_OBJECT
+
+public:
+    // The catalogue must outlive the host.
+    explicit ToolHost(const ToolCatalogue& catalogue, QObject* parent = nullptr);
+
+    // Hands the file to the first tool that accepts its extension and returns the tool's identifier, or none
+    // when no tool accepts it. A file that cannot be read is for the tool's model to report.
+    std::optional<QString> open(const QUrl& url);
+
+private:
+    const ToolCatalogue& m_catalogue;
+};
+
+} // namespace tarnquill
