@@ -1,8 +1,8 @@
 // Runs the latest of a series of requests on the thread pool, and never shows the result of an older one.
 //
-// A request waits for a quiet time first, so that typing coalesces. A newer request (or cancel()) drops the waiting
-// one, asks the running one to stop and makes sure that its result is thrown away. Everything but the work itself
-// happens on the thread that owns the task.
+// A request waits for a quiet time first, so that typing coalesces. A newer request (or cancel()) drops the
+// waiting one, asks the running one to stop and makes sure that its result is thrown away. Everything but the
+// work itself happens on the thread that owns the task.
 #pragma once
 
 #include <QObject>
@@ -27,15 +27,19 @@ public:
     explicit LatestTask(QObject* parent = nullptr);
     ~LatestTask() override;
 
-    // Calls `work(std::stop_token)` on the thread pool after `delay`, then `publish(result)` on this thread, unless a
-    // newer request came in between. Work that sees its token stopped may return at once; its result is not used.
+    // Calls `work(std::stop_token)` on the thread pool after `delay`, then `publish(result)` on this thread,
+    // unless a newer request came in between. Work that sees its token stopped may return at once; its result
+    // is not used.
     template <typename Work, typename Publish>
     void start(std::chrono::milliseconds delay, Work work, Publish publish) {
-        schedule(delay, [work = std::move(work), publish = std::move(publish)](const std::stop_token& token) mutable {
+        schedule(delay, [work = std::move(work),
+                         publish = std::move(publish)](const std::stop_token& token) mutable {
             using Result = std::invoke_result_t<Work&, std::stop_token>;
             auto result = std::make_shared<Result>(work(token));
             return std::function<void()>(
-                [result = std::move(result), publish = std::move(publish)]() mutable { publish(std::move(*result)); });
+                [result = std::move(result), publish = std::move(publish)]() mutable {
+                    publish(std::move(*result));
+                });
         });
     }
 

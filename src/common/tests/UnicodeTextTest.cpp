@@ -14,7 +14,8 @@ TEST(UnicodeText, RoundTripsTextOfEveryWidth) {
 }
 
 TEST(UnicodeText, RefusesIllFormedBytes) {
-    for (const std::string_view bytes : {"\x80", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "a\xFF"}) {
+    for (const std::string_view bytes :
+         {"\x80", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "a\xFF"}) {
         EXPECT_FALSE(utf16FromUTF8(bytes));
     }
 }
