@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <cstring>
 
 namespace tarnquill {
 
@@ -40,7 +41,64 @@ std::size_t utf16PieceEnd(std::u16string_view text, std::size_t start) {
     return isLeadSurrogate(text[end - 1]) ? end - 1 : end;
 }
 
+constexpr bool isBetween(char byte, unsigned first, unsigned last) {
+    return static_cast<unsigned char>(byte) - first <= last - first;
+}
+
+constexpr bool isContinuation(char byte) {
+    return isBetween(byte, 0x80, 0xBF);
+}
+
+// The length of the well-formed sequence for one character outside ASCII at the text's start, or 0. The
+// second byte's range excludes overlong forms, surrogates and what lies beyond U+10FFFF.
+std::size_t sequenceLength(std::string_view text) {
+    const auto lead = static_cast<unsigned char>(text[0]);
+    if (lead < 0xC2 || text.size() < 2) {
+        return 0;
+    }
+    if (lead < 0xE0) {
+        return isContinuation(text[1]) ? 2 : 0;
+    }
+    if (lead < 0xF0) {
+        return text.size() >= 3 &&
+                       isBetween(text[1], lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF) &&
+                       isContinuation(text[2])
+                   ? 3
+                   : 0;
+    }
+    return lead <= 0xF4 && text.size() >= 4 &&
+                   isBetween(text[1], lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF) &&
+                   isContinuation(text[2]) && isContinuation(text[3])
+               ? 4
+               : 0;
+}
+
+// Eight bytes at a time, because most text is ASCII.
+std::size_t asciiEnd(std::string_view text, std::size_t start) {
+    for (std::uint64_t block = 0; start + sizeof block <= text.size(); start += sizeof block) {
+        std::memcpy(&block, text.data() + start, sizeof block);
+        if ((block & 0x8080'8080'8080'8080) != 0) {
+            break;
+        }
+    }
+    while (start < text.size() && static_cast<unsigned char>(text[start]) < 0x80) {
+        ++start;
+    }
+    return start;
+}
+
 } // namespace
+
+bool isWellFormedUTF8(std::string_view text) {
+    for (auto position = asciiEnd(text, 0); position < text.size();) {
+        const auto length = sequenceLength(text.substr(position));
+        if (length == 0) {
+            return false;
+        }
+        position = asciiEnd(text, position + length);
+    }
+    return true;
+}
 
 std::optional<std::u16string> utf16FromUTF8(std::string_view text) {
     std::u16string result(text.size(), u'\0');

@@ -7,6 +7,8 @@
 
 namespace tarnquill {
 
+[[nodiscard]] bool isWellFormedUTF8(std::string_view text);
+
 // Nothing when the bytes are not well-formed UTF-8. A byte-order mark is kept as U+FEFF.
 [[nodiscard]] std::optional<std::u16string> utf16FromUTF8(std::string_view text);
 
