@@ -1,0 +1,26 @@
+// Lets a view take dropped files: drags of anything else pass it by.
+#pragma once
+
+#include "chrome/FileDrop.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace tarnquill {
+
+class FileDropTarget : public QObject {
+    Q_OBJECT
+
+public:
+    // Lives as long as the view. Widgets inside the view that accept drops themselves must refuse files.
+    FileDropTarget(QWidget* view, FileDrop drop);
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    FileDrop m_drop;
+};
+
+} // namespace tarnquill
