@@ -1,11 +1,36 @@
 #include "chrome/ToolView.h"
 
+#include "chrome/DropOverlay.h"
+#include "chrome/Toolbar.h"
+
+#include <QVBoxLayout>
+
 namespace tarnquill {
+
+ToolView::ToolView(const QString& title, QWidget* parent)
+    : QWidget(parent), m_toolbar(new Toolbar(title)), m_body(new QWidget), m_drop(new DropOverlay(m_body)) {
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_toolbar);
+    column->addWidget(m_body, 1);
+    connect(m_toolbar, &Toolbar::sidebarToggleRequested, this, &ToolView::sidebarToggleRequested);
+}
+
+void ToolView::setContent(QWidget* content) {
+    auto* const layout = new QVBoxLayout(m_body);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(content);
+}
 
 bool ToolView::canPerform(ToolCommand /*command*/) const {
     return false;
 }
 
 void ToolView::perform(ToolCommand /*command*/) {}
+
+void ToolView::setDropTarget(bool isTarget) {
+    m_drop->setShown(isTarget);
+}
 
 } // namespace tarnquill

@@ -1,10 +1,13 @@
-// The view of one tool, as the window sees it: what fills the detail column, and the menu commands that it
-// answers.
+// The view of one tool, as the window sees it: a toolbar over the tool's content, and the menu commands that
+// it answers.
 #pragma once
 
 #include <QWidget>
 
 namespace tarnquill {
+
+class DropOverlay;
+class Toolbar;
 
 // Commands of the menu bar that act on the tool that is shown.
 enum class ToolCommand {
@@ -21,16 +24,33 @@ class ToolView : public QWidget {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    // The title stands in the toolbar.
+    explicit ToolView(const QString& title, QWidget* parent = nullptr);
 
-    // Whether the command does something in this tool now. Asked each time before the menu is shown.
+    [[nodiscard]] Toolbar& toolbar() const { return *m_toolbar; }
+
+    // Whether the command does something in this tool now. Asked each time before a menu is shown.
     [[nodiscard]] virtual bool canPerform(ToolCommand command) const;
 
+    // Does nothing when the command cannot be performed.
     virtual void perform(ToolCommand command);
+
+    // Files are dragged over the window, or no more. Marks the content as a whole; a tool with several panes
+    // may mark the one that takes the file instead.
+    virtual void setDropTarget(bool isTarget);
 
 Q_SIGNALS:
     // The tool's toolbar asks the window to hide or show the sidebar.
     void sidebarToggleRequested();
+
+protected:
+    // What fills the view below the toolbar. Call once; the view takes it over.
+    void setContent(QWidget* content);
+
+private:
+    Toolbar* m_toolbar;
+    QWidget* m_body;
+    DropOverlay* m_drop;
 };
 
 } // namespace tarnquill
