@@ -2,7 +2,10 @@
 #pragma once
 
 #include <expected>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace tarnquill::cli {
 
@@ -11,13 +14,31 @@ struct Failure {
     std::string message;
 };
 
+// Bytes together with whatever holds them.
+class Bytes {
+public:
+    explicit Bytes(std::string bytes);
+    Bytes(std::shared_ptr<const void> owner, std::string_view bytes)
+        : m_owner(std::move(owner)), m_bytes(bytes) {}
+
+    [[nodiscard]] std::string_view view() const { return m_bytes; }
+
+private:
+    std::shared_ptr<const void> m_owner;
+    std::string_view m_bytes;
+};
+
 // The bytes of the file, or of standard input when the path is empty or "-".
-[[nodiscard]] std::expected<std::string, Failure> readBytes(const std::string& path);
+[[nodiscard]] std::expected<Bytes, Failure> readBytes(const std::string& path);
 
-// The same as UTF-8. UTF-16 with a byte-order mark is converted; a UTF-8 byte-order mark stays, for the engines that
-// treat it (see withoutByteOrderMark). Bytes that are neither are refused with exit status 1.
-[[nodiscard]] std::expected<std::string, Failure> readText(const std::string& path);
+// The same, but UTF-16 with a byte-order mark is converted. All else is taken for UTF-8, of which nothing is
+// checked: for engines that have a sentence of their own for bytes that are not.
+[[nodiscard]] std::expected<Bytes, Failure> readUncheckedText(const std::string& path);
 
-[[nodiscard]] std::string withoutByteOrderMark(std::string text);
+// The same as well-formed UTF-8. A UTF-8 byte-order mark stays, for the engines that treat it (see
+// withoutByteOrderMark). Bytes in another encoding are refused with exit status 1.
+[[nodiscard]] std::expected<Bytes, Failure> readText(const std::string& path);
+
+[[nodiscard]] std::string_view withoutByteOrderMark(std::string_view text);
 
 } // namespace tarnquill::cli

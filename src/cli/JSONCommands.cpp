@@ -1,0 +1,139 @@
+#include "cli/Commands.h"
+#include "cli/Input.h"
+#include "cli/StandardOutput.h"
+#include "json/JSONFormatter.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace tarnquill::cli {
+
+namespace {
+
+using JSONFormatter::Indent;
+using JSONFormatter::SortMode;
+
+constexpr int kLargestIndent = 100;
+
+struct Options {
+    std::string file;
+    Indent indent;
+    SortMode sortMode = SortMode::none;
+};
+
+std::expected<Bytes, Failure> readJSON(const std::string& file) {
+    auto text = readUncheckedText(file);
+    if (!text && text.error().exitStatus == kRefused) {
+        text.error().message = JSONFormatter::kNotEncodable;
+    }
+    return text;
+}
+
+std::optional<Indent> parseIndent(const std::string& text) {
+    if (text == "tab") {
+        return Indent::tabs();
+    }
+    int count = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
+    if (error != std::errc() || end != text.data() + text.size() || count < 0 || count > kLargestIndent) {
+        return std::nullopt;
+    }
+    return Indent::spaces(count);
+}
+
+// Prints what `write` gives to its sink, as soon as it does.
+template <typename Write>
+Result print(const std::string& file, const Write& write) {
+    const auto text = readJSON(file);
+    if (!text) {
+        return failed(text.error());
+    }
+    StandardOutput output;
+    const auto written = write(text->view(), [&](std::string_view piece) { output.write(piece); });
+    if (!written) {
+        return failed({.exitStatus = kRefused, .message = written.error().message});
+    }
+    output.endLine();
+    return {};
+}
+
+Result validate(const std::string& file) {
+    const auto text = readJSON(file);
+    if (!text) {
+        return failed(text.error());
+    }
+    const auto validation = JSONFormatter::validate(text->view());
+    auto line = (validation.isValid ? "VALID\t" : "INVALID\t") + std::to_string(validation.byteSize);
+    if (validation.topLevelKeyCount) {
+        line += "\t" + std::to_string(*validation.topLevelKeyCount);
+    }
+    auto result = lines(std::move(line));
+    result.exitStatus = validation.isValid ? 0 : kRefused;
+    result.error = validation.error.value_or(std::string());
+    return result;
+}
+
+CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, Options& options) {
+    auto* command = tool.add_subcommand(name, description);
+    command->add_option("FILE", options.file, "The file to read; standard input when absent or “-”");
+    return command;
+}
+
+void addSortOption(CLI::App& command, Options& options) {
+    const std::map<std::string, SortMode> modes{
+        {"none", SortMode::none}, {"ascending", SortMode::ascending}, {"descending", SortMode::descending}};
+    command
+        .add_option("--sort", options.sortMode, "The order of the keys: none, ascending or descending [none]")
+        ->transform(CLI::CheckedTransformer(modes).description(""));
+}
+
+void addIndentOption(CLI::App& command, Options& options) {
+    command.add_option_function<std::string>(
+        "--indent",
+        [&options](const std::string& text) {
+            const auto indent = parseIndent(text);
+            if (!indent) {
+                throw CLI::ValidationError("--indent",
+                                           "“" + text + "” is neither “tab” nor a number of spaces up to " +
+                                               std::to_string(kLargestIndent));
+            }
+            options.indent = *indent;
+        },
+        "The spaces of one level, or “tab” [2]");
+}
+
+} // namespace
+
+void addJSONCommands(CLI::App& application, Result& result) {
+    auto* tool = application.add_subcommand("json", "Format, minify and validate JSON");
+    tool->require_subcommand(1);
+    const auto options = std::make_shared<Options>();
+
+    auto* format =
+        addCommand(*tool, "format", "Print the document with a member or an element a line", *options);
+    addIndentOption(*format, *options);
+    addSortOption(*format, *options);
+    format->callback([options, &result] {
+        result = print(options->file, [&](std::string_view text, const JSONFormatter::Sink& sink) {
+            return JSONFormatter::format(text, options->indent, options->sortMode, sink);
+        });
+    });
+
+    auto* minify = addCommand(*tool, "minify", "Print the document without white space", *options);
+    addSortOption(*minify, *options);
+    minify->callback([options, &result] {
+        result = print(options->file, [&](std::string_view text, const JSONFormatter::Sink& sink) {
+            return JSONFormatter::minify(text, options->sortMode, sink);
+        });
+    });
+
+    auto* check =
+        addCommand(*tool, "validate", "Tell whether the document is JSON, its bytes and its keys", *options);
+    check->callback([options, &result] { result = validate(options->file); });
+}
+
+} // namespace tarnquill::cli
