@@ -11,7 +11,8 @@ TEST(TextCells, GiveWideCharactersAndEmojiTwo) {
     for (const auto* cluster : {u"a", u"é", u"e\u0301", u"ы", u"Ⅷ", u"❤"}) {
         EXPECT_EQ(TextCells::width(cluster), 1U);
     }
-    for (const auto* cluster : {u"漢", u"한", u"ｗ", u"😀", u"👩‍👩‍👧‍👦", u"🇩🇪", u"❤️", u"1️⃣"}) {
+    for (const auto* cluster :
+         {u"漢", u"한", u"ｗ", u"😀", u"👩‍👩‍👧‍👦", u"🇩🇪", u"❤️", u"1️⃣"}) {
         EXPECT_EQ(TextCells::width(cluster), 2U);
     }
 }
@@ -21,11 +22,11 @@ TEST(TextCells, LetNothingBeDrawnThatCannotBeSeenOrReordersText) {
     EXPECT_EQ(drawn(u'\0'), u'␀');
     EXPECT_EQ(drawn(u'\r'), u'␍');
     EXPECT_EQ(drawn(0x7F), u'␡');
-    for (const char16_t unit : {0x85, 0xD800, 0xDFFF, 0xFFFF}) {
-        EXPECT_EQ(drawn(unit), u'\uFFFD');
+    for (const unsigned code : {0x85U, 0xD800U, 0xDFFFU, 0xFFFFU}) {
+        EXPECT_EQ(drawn(static_cast<char16_t>(code)), u'\uFFFD');
     }
-    for (const char16_t unit : {0x200B, 0x200E, 0x202E, 0x2028, 0x2066, 0xFEFF}) {
-        EXPECT_EQ(drawn(unit), u'◇');
+    for (const unsigned code : {0x200BU, 0x200EU, 0x202EU, 0x2028U, 0x2066U, 0xFEFFU}) {
+        EXPECT_EQ(drawn(static_cast<char16_t>(code)), u'◇');
     }
     for (const char16_t unit : {u'\t', u' ', u'é', u'\u0301', u'\u200D'}) {
         EXPECT_EQ(drawn(unit), unit);
