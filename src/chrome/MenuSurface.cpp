@@ -22,8 +22,8 @@ constexpr int kGapBelowControl = 4;
 // Under X11 a window without a compositing manager has no translucent pixels: they would be black.
 bool windowsCanBeTranslucent() {
 #ifdef TARNQUILL_XCB
-    if (auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>()) {
-        xcb_connection_t* connection = x11->connection();
+    auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (xcb_connection_t* connection = x11 != nullptr ? x11->connection() : nullptr) {
         constexpr char kManager[] = "_NET_WM_CM_S0";
         const auto answer = [](auto* reply) {
             return std::unique_ptr<std::remove_pointer_t<decltype(reply)>, decltype(&std::free)>(reply,

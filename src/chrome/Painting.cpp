@@ -85,6 +85,9 @@ int textWidth(const QString& text, FontRole role) {
 }
 
 void symbol(QPainter& painter, const QRect& rect, const QString& name, int size, const QColor& color) {
+    if (name.isEmpty()) {
+        return;
+    }
     const QPointF middle = QRectF(rect).center();
     Symbols::draw(
         painter, QRectF(std::floor(middle.x() - size / 2.0), std::floor(middle.y() - size / 2.0), size, size),

@@ -24,6 +24,11 @@ constexpr int kIconGap = 6;
 constexpr int kChevron = 12;
 constexpr int kBubble = 16;
 
+// "Copied" stands closer together than a title, so that little room has to be reserved for it.
+constexpr int kCopiedGap = 4;
+constexpr int kCopiedPadding = 5;
+const auto kCopiedSymbol = u"checkmark"_s;
+
 QString copiedTitle() {
     return PaneButton::tr("Copied");
 }
@@ -137,14 +142,6 @@ bool PaneButton::showsTitle() const {
     return !text().isEmpty() && (!m_iconOnly || (isFlashing() && m_flash == Flash::widens));
 }
 
-QString PaneButton::shownTitle() const {
-    return isFlashing() ? copiedTitle() : text();
-}
-
-QString PaneButton::shownSymbol() const {
-    return isFlashing() ? u"checkmark"_s : m_symbol;
-}
-
 FontRole PaneButton::fontRole() const {
     if (m_look == Look::primary) {
         return m_size == Size::alert ? FontRole::paneRole : FontRole::controlSelected;
@@ -153,17 +150,19 @@ FontRole PaneButton::fontRole() const {
 }
 
 int PaneButton::padding() const {
-    // Beside the border, which only the plain look has not.
-    const int border = m_look == Look::plain ? 0 : 1;
+    constexpr int kBorder = 1; // the plain look's is unseen
     if (m_size == Size::alert) {
-        return 14 + border;
+        return 14 + kBorder;
     }
-    return (m_look == Look::plain ? 8 : 10) + border;
+    if (m_size == Size::compact) {
+        return 8;
+    }
+    return (m_look == Look::plain ? 8 : 10) + kBorder;
 }
 
-int PaneButton::contentWidth(const QString& title, bool withSymbol) const {
-    int width = Painting::textWidth(title, fontRole());
-    if (withSymbol) {
+int PaneButton::contentWidth() const {
+    int width = Painting::textWidth(text(), fontRole());
+    if (!m_symbol.isEmpty()) {
         width += m_iconExtent + kIconGap;
     }
     if (!m_detail.isEmpty()) {
@@ -175,20 +174,21 @@ int PaneButton::contentWidth(const QString& title, bool withSymbol) const {
     return width;
 }
 
+int PaneButton::copiedWidth() const {
+    return m_iconExtent + kCopiedGap + Painting::textWidth(copiedTitle(), fontRole());
+}
+
 QSize PaneButton::sizeHint() const {
     const int height = m_size == Size::alert ? 32 : m_size == Size::control ? 28 : 24;
     int width = height;
     if (showsTitle()) {
-        const bool withSymbol = !shownSymbol().isEmpty();
-        int content = contentWidth(shownTitle(), withSymbol);
-        if (m_reservesCopied) {
-            content = std::max(
-                {content, contentWidth(text(), !m_symbol.isEmpty()), contentWidth(copiedTitle(), true)});
+        width = m_iconOnly ? 0 : contentWidth() + 2 * padding();
+        if (m_reservesCopied || isFlashing()) {
+            width = std::max(width, copiedWidth() + 2 * kCopiedPadding);
         }
-        width = content + 2 * padding();
     }
     if (m_menu != nullptr) {
-        width += kChevron + 4 - (showsTitle() ? 2 : 6);
+        width += showsTitle() ? 14 : 10;
     }
     return {width, height};
 }
@@ -238,27 +238,38 @@ void PaneButton::paintEvent(QPaintEvent*) {
 
     QRect content = rect();
     if (m_menu != nullptr) {
-        content.setRight(content.right() - kChevron - (showsTitle() ? 2 : -2));
         const int edge = m_look == Look::plain ? 6 : 8;
-        Painting::symbol(painter, QRect(width() - edge - kChevron, 0, kChevron, height()), u"chevron-down"_s,
-                         kChevron, isOn() ? ink.icon : themeColor(ColorRole::muted));
+        const QRect chevron(width() - edge - kChevron, 0, kChevron, height());
+        Painting::symbol(painter, chevron, u"chevron-down"_s, kChevron,
+                         isOn() ? ink.icon : themeColor(ColorRole::muted));
+        content.setRight(chevron.left() - 1);
     }
-    const QString symbol = shownSymbol();
     if (!showsTitle()) {
-        Painting::symbol(painter, content, symbol, m_iconExtent, ink.icon);
-        return;
+        Painting::symbol(painter, content, isFlashing() ? kCopiedSymbol : m_symbol, m_iconExtent, ink.icon);
+    } else if (isFlashing()) {
+        content.setLeft(std::max(kCopiedPadding, (content.width() - copiedWidth()) / 2));
+        paintLabel(painter, content, copiedTitle(), kCopiedSymbol, kCopiedGap, ink);
+    } else {
+        content.setLeft(padding());
+        paintAccessories(painter, paintLabel(painter, content, text(), m_symbol, kIconGap, ink), ink);
     }
+}
 
-    // Room that is reserved for "Copied" stays empty behind the title.
-    const QString title = shownTitle();
-    int x = padding();
+// Returns where the label ends.
+int PaneButton::paintLabel(QPainter& painter, const QRect& area, const QString& title, const QString& symbol,
+                           int gap, const Colors& ink) const {
+    int x = area.left();
     if (!symbol.isEmpty()) {
         Painting::symbol(painter, QRect(x, 0, m_iconExtent, height()), symbol, m_iconExtent, ink.icon);
-        x += m_iconExtent + kIconGap;
+        x += m_iconExtent + gap;
     }
     const int titleWidth = Painting::textWidth(title, fontRole());
     Painting::text(painter, QRect(x, 0, titleWidth, height()), title, fontRole(), ink.label);
-    x += titleWidth + kIconGap;
+    return x + titleWidth;
+}
+
+void PaneButton::paintAccessories(QPainter& painter, int x, const Colors& ink) const {
+    x += kIconGap;
     if (!m_detail.isEmpty()) {
         const int detailWidth = Painting::textWidth(m_detail, fontRole());
         Painting::text(painter, QRect(x, 0, detailWidth, height()), m_detail, fontRole(), ink.label);

@@ -76,12 +76,14 @@ private:
 
     [[nodiscard]] bool isOn() const { return m_tinted || isChecked(); }
     [[nodiscard]] bool showsTitle() const;
-    [[nodiscard]] QString shownTitle() const;
-    [[nodiscard]] QString shownSymbol() const;
     [[nodiscard]] FontRole fontRole() const;
     [[nodiscard]] int padding() const;
-    [[nodiscard]] int contentWidth(const QString& title, bool withSymbol) const;
+    [[nodiscard]] int contentWidth() const;
+    [[nodiscard]] int copiedWidth() const;
     [[nodiscard]] Colors colors() const;
+    int paintLabel(QPainter& painter, const QRect& area, const QString& title, const QString& symbol, int gap,
+                   const Colors& ink) const;
+    void paintAccessories(QPainter& painter, int x, const Colors& ink) const;
 
     QString m_symbol;
     QString m_detail;

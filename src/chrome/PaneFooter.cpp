@@ -16,7 +16,7 @@ constexpr int kHeight = 28;
 constexpr int kSide = 12;
 constexpr int kGap = 10;
 constexpr int kIcon = 12;
-constexpr int kIconGap = 5;
+constexpr int kIconGap = 6;
 constexpr int kDividerHeight = 12;
 constexpr int kSpinSteps = 12;
 

@@ -74,6 +74,7 @@ SearchBar::SearchBar(Parts parts, QWidget* parent)
     m_field->setAccessibleName(tr("Search"));
     m_field->installEventFilter(this);
     m_count->hide();
+    m_clear->setFixedWidth(20);
     m_clear->hide();
 
     auto* layout = new QHBoxLayout(this);
@@ -81,13 +82,13 @@ SearchBar::SearchBar(Parts parts, QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(m_scopeButton);
     layout->addWidget(m_scopeLine);
-    layout->addSpacing(6);
+    layout->addSpacing(8);
     layout->addWidget(new SearchSymbol);
     layout->addSpacing(3);
     layout->addWidget(m_field, 1);
     layout->addSpacing(4);
     layout->addWidget(m_count);
-    layout->addSpacing(4);
+    layout->addSpacing(7);
     layout->addWidget(m_clear);
     if (parts == Parts::withNavigation) {
         m_previous = compactButton(tr("Previous match"), u"chevron-up"_s,

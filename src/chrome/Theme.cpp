@@ -1,10 +1,14 @@
 #include "chrome/Theme.h"
 
 #include "chrome/ChromeStyle.h"
+#include "chrome/Painting.h"
+#include "chrome/SystemAppearance.h"
+#include "chrome/ToolTips.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QStringList>
+#include <QToolTip>
 
 #include <utility>
 
@@ -28,12 +32,21 @@ void Theme::install(QApplication& application) {
         QFontDatabase::addApplicationFont(u":/fonts/"_s + face);
     }
     application.setFont(font(FontRole::body));
+    m_system = new SystemAppearance(&application);
+    connect(m_system, &SystemAppearance::changed, this, &Theme::resolveAndTell);
     // The style polishes every palette that the system gives, which is also how its appearance becomes known.
     QApplication::setStyle(new ChromeStyle);
+    QToolTip::setFont(font(FontRole::note));
+    QToolTip::setPalette(palette());
+    ToolTips::install();
 }
 
 void Theme::setAppearance(Appearance appearance) {
     m_appearance = appearance;
+    resolveAndTell();
+}
+
+void Theme::resolveAndTell() {
     if (resolveAppearance()) {
         if (m_installed) {
             // Has Qt ask for the polished palette again, and repaint every widget.
@@ -52,8 +65,13 @@ void Theme::systemPaletteSeen(const QPalette& palette) {
 }
 
 bool Theme::resolveAppearance() {
-    const bool dark =
-        m_appearance == Appearance::system ? m_systemPaletteIsDark : m_appearance == Appearance::dark;
+    bool dark = m_appearance == Appearance::dark;
+    if (m_appearance == Appearance::system) {
+        dark = m_systemPaletteIsDark;
+        if (m_system != nullptr) {
+            dark = m_system->prefersDark().value_or(dark);
+        }
+    }
     return std::exchange(m_dark, dark) != dark;
 }
 
@@ -73,7 +91,6 @@ QPalette Theme::palette() const {
     };
     setAll(QPalette::Window, ColorRole::background);
     setAll(QPalette::Base, ColorRole::background);
-    setAll(QPalette::AlternateBase, ColorRole::raised);
     setAll(QPalette::Button, ColorRole::background);
     setAll(QPalette::Light, ColorRole::background);
     setAll(QPalette::Midlight, ColorRole::hairline);
@@ -91,11 +108,18 @@ QPalette Theme::palette() const {
     set(QPalette::WindowText, ColorRole::text, ColorRole::faint);
     set(QPalette::Text, ColorRole::text, ColorRole::faint);
     set(QPalette::ButtonText, ColorRole::text, ColorRole::faint);
+    palette.setColor(QPalette::AlternateBase,
+                     Painting::mix(color(ColorRole::background), color(ColorRole::raised), 0.55));
     return palette;
 }
 
 int Theme::duration(int milliseconds) const {
-    return milliseconds;
+    const bool reduced = m_reducedMotion.value_or(m_system != nullptr && m_system->reducesMotion());
+    return reduced ? 0 : milliseconds;
+}
+
+void Theme::setReducedMotion(bool reduced) {
+    m_reducedMotion = reduced;
 }
 
 } // namespace tarnquill

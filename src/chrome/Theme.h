@@ -7,9 +7,13 @@
 #include <QObject>
 #include <QPalette>
 
+#include <optional>
+
 class QApplication;
 
 namespace tarnquill {
+
+class SystemAppearance;
 
 // What a colour is used for. "Tint" is the fill under a text of the same name.
 enum class ColorRole {
@@ -127,8 +131,10 @@ public:
     // The palette that standard widgets are drawn with.
     [[nodiscard]] QPalette palette() const;
 
-    // 0 when the system asks for reduced motion.
+    // The time a movement takes: 0 when the system asks for reduced motion.
     [[nodiscard]] int duration(int milliseconds) const;
+    // Overrules the system.
+    void setReducedMotion(bool reduced);
 
 Q_SIGNALS:
     // Colours have changed. Widgets are repainted anyway; for whatever keeps a colour.
@@ -143,8 +149,11 @@ private:
     void systemPaletteSeen(const QPalette& palette);
     // Returns whether light and dark have changed places.
     bool resolveAppearance();
+    void resolveAndTell();
 
     Appearance m_appearance = Appearance::system;
+    SystemAppearance* m_system = nullptr;
+    std::optional<bool> m_reducedMotion;
     bool m_systemPaletteIsDark = false;
     bool m_dark = false;
     bool m_installed = false;
