@@ -22,7 +22,9 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
-        QSplitterHandle::resizeEvent(event);
+        // Not the base class's: it would set margins of its own, and each change of them resizes the handle
+        // again.
+        QWidget::resizeEvent(event);
         constexpr int kMargin = kGrab / 2;
         const bool across = orientation() == Qt::Horizontal;
         setContentsMargins(across ? kMargin : 0, across ? 0 : kMargin, across ? kMargin : 0,
