@@ -27,5 +27,6 @@ struct Result {
 [[nodiscard]] Result failed(Failure failure);
 
 void addJSONCommands(CLI::App& application, Result& result);
+void addTimestampCommands(CLI::App& application, Result& result);
 
 } // namespace tarnquill::cli

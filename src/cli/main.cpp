@@ -37,6 +37,7 @@ Result run(int argc, char** argv) {
     application.require_subcommand(1);
     Result result;
     addJSONCommands(application, result);
+    addTimestampCommands(application, result);
     try {
         application.parse(argc, argv);
     } catch (const CLI::Success& request) { // --help or --version
