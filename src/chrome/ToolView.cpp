@@ -29,6 +29,10 @@ bool ToolView::canPerform(ToolCommand /*command*/) const {
 
 void ToolView::perform(ToolCommand /*command*/) {}
 
+bool ToolView::isWorking() const {
+    return false;
+}
+
 void ToolView::setDropTarget(bool isTarget) {
     m_drop->setShown(isTarget);
 }

@@ -39,6 +39,9 @@ public:
     // may mark the one that takes the file instead.
     virtual void setDropTarget(bool isTarget);
 
+    // Whether the tool still works on something that will change what it shows.
+    [[nodiscard]] virtual bool isWorking() const;
+
 Q_SIGNALS:
     // The tool's toolbar asks the window to hide or show the sidebar.
     void sidebarToggleRequested();

@@ -1,0 +1,62 @@
+#include "shell/TarnquillApp.h"
+
+#include "shell/BuiltInTools.h"
+#include "shell/EditCommands.h"
+#include "shell/FileCommands.h"
+#include "shell/LaunchRequest.h"
+#include "shell/ViewCommands.h"
+
+#include <QApplication>
+#include <QFileOpenEvent>
+#include <QMenuBar>
+
+namespace tarnquill {
+
+TarnquillApp::TarnquillApp(QSettings& settings) : m_window(builtInTools(), settings) {
+    addMenus(settings);
+    qApp->installEventFilter(this);
+}
+
+// Where the desktop shows the menus of the active window in one place, they go there; elsewhere the sidebar
+// has a button for them.
+void TarnquillApp::addMenus(QSettings& settings) {
+    const QList<QMenu*> menus{new FileCommands(m_window), new EditCommands(m_window),
+                              new ViewCommands(m_window, settings)};
+    auto* const bar = new QMenuBar(&m_window);
+    if (bar->isNativeMenuBar()) {
+        for (auto* const menu : menus) {
+            bar->addMenu(menu);
+        }
+        m_window.setMenu(nullptr);
+        return;
+    }
+    delete bar;
+    for (auto* const menu : menus) {
+        m_menu.addMenu(menu);
+    }
+    m_window.setMenu(&m_menu);
+    auto* const showMenu = new QAction(&m_window);
+    showMenu->setShortcut(Qt::Key_F10);
+    connect(showMenu, &QAction::triggered, &m_window, &AppShellView::showMenu);
+    m_window.addAction(showMenu);
+}
+
+void TarnquillApp::open(const LaunchRequest& request) {
+    m_window.bringToFront(request.activationToken);
+    QList<QUrl> urls;
+    for (const auto& file : request.files) {
+        urls.append(QUrl::fromLocalFile(file));
+    }
+    m_window.open(urls);
+}
+
+bool TarnquillApp::eventFilter(QObject* object, QEvent* event) {
+    if (object == qApp && event->type() == QEvent::FileOpen) {
+        m_window.bringToFront();
+        m_window.open({static_cast<QFileOpenEvent*>(event)->url()});
+        return true;
+    }
+    return QObject::eventFilter(object, event);
+}
+
+} // namespace tarnquill

@@ -1,0 +1,14 @@
+// The CSV tool: shows a table to filter, sort and copy from.
+#pragma once
+
+#include "shell/Tool.h"
+
+namespace tarnquill {
+
+class CSVTool : public Tool {
+public:
+    CSVTool();
+    [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+};
+
+} // namespace tarnquill

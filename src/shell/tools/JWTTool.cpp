@@ -1,0 +1,15 @@
+#include "shell/tools/JWTTool.h"
+
+#include "shell/PlaceholderView.h"
+
+namespace tarnquill {
+
+using namespace Qt::StringLiterals;
+
+JWTTool::JWTTool() : Tool(u"jwt"_s, u"JWT"_s, u"key.horizontal"_s, ToolCategory::encoding) {}
+
+ToolView* JWTTool::makeView(ToolHost& /*host*/) const {
+    return new PlaceholderView(*this);
+}
+
+} // namespace tarnquill

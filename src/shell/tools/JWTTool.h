@@ -1,0 +1,14 @@
+// The JWT tool: decodes tokens, judges their time claims and checks their signatures.
+#pragma once
+
+#include "shell/Tool.h"
+
+namespace tarnquill {
+
+class JWTTool : public Tool {
+public:
+    JWTTool();
+    [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+};
+
+} // namespace tarnquill

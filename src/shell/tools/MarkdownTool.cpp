@@ -1,0 +1,17 @@
+#include "shell/tools/MarkdownTool.h"
+
+#include "shell/PlaceholderView.h"
+
+namespace tarnquill {
+
+using namespace Qt::StringLiterals;
+
+MarkdownTool::MarkdownTool()
+    : Tool(u"markdown"_s, u"Markdown"_s, u"doc.text"_s, ToolCategory::text,
+           {u"md"_s, u"markdown"_s, u"mdown"_s, u"mkd"_s, u"mkdn"_s, u"txt"_s, u"text"_s}) {}
+
+ToolView* MarkdownTool::makeView(ToolHost& /*host*/) const {
+    return new PlaceholderView(*this);
+}
+
+} // namespace tarnquill

@@ -1,0 +1,14 @@
+// The Markdown tool: an editor with a live preview. The only tool that takes plain text files.
+#pragma once
+
+#include "shell/Tool.h"
+
+namespace tarnquill {
+
+class MarkdownTool : public Tool {
+public:
+    MarkdownTool();
+    [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+};
+
+} // namespace tarnquill

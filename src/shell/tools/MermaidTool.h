@@ -1,0 +1,14 @@
+// The Mermaid tool: an editor with a live diagram.
+#pragma once
+
+#include "shell/Tool.h"
+
+namespace tarnquill {
+
+class MermaidTool : public Tool {
+public:
+    MermaidTool();
+    [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+};
+
+} // namespace tarnquill

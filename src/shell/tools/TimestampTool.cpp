@@ -1,0 +1,15 @@
+#include "shell/tools/TimestampTool.h"
+
+#include "shell/PlaceholderView.h"
+
+namespace tarnquill {
+
+using namespace Qt::StringLiterals;
+
+TimestampTool::TimestampTool() : Tool(u"timestamp"_s, u"Timestamp"_s, u"clock"_s, ToolCategory::data) {}
+
+ToolView* TimestampTool::makeView(ToolHost& /*host*/) const {
+    return new PlaceholderView(*this);
+}
+
+} // namespace tarnquill
