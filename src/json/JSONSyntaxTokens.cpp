@@ -1,6 +1,6 @@
 #include "json/JSONSyntaxTokens.h"
 
-#include "common/FindUnit.h"
+#include "common/UnitBlock.h"
 
 #include <unicode/uchar.h>
 
