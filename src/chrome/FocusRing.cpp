@@ -71,6 +71,9 @@ protected:
             break;
         case QEvent::MouseButtonPress:
             m_keyboardIsUsed = false;
+            if (m_control && m_styles.value(m_control).shape == Shape::around) {
+                leave();
+            }
             break;
         case QEvent::FocusIn:
             if (object->isWidgetType()) {

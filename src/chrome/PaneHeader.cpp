@@ -92,7 +92,7 @@ PaneHeader::PaneHeader(const QString& role, QWidget* parent)
       m_role(new RoleLabel(role)),
       m_badge(new BadgeLabel),
       m_rule(new GroupRule) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     m_layout->addWidget(m_role, WrapLayout::Place::pinned);
