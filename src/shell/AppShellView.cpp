@@ -84,8 +84,7 @@ ToolView& AppShellView::toolView() const {
 }
 
 void AppShellView::focusToolView() {
-    auto& view = toolView();
-    (view.focusWidget() != nullptr ? view.focusWidget() : &view)->setFocus(Qt::OtherFocusReason);
+    toolView().setFocus(Qt::OtherFocusReason);
 }
 
 // A tool's view is built when it is first shown, so that the window need not wait for tools that nobody looks
@@ -103,6 +102,9 @@ void AppShellView::showSelectedTool() {
     }
     m_sidebar->setSelection(pageID);
     m_detail->setCurrentWidget(page);
+    if (!m_sidebar->hasFocus()) {
+        focusToolView();
+    }
 }
 
 void AppShellView::open(const QList<QUrl>& urls) {
@@ -195,7 +197,6 @@ void AppShellView::restore() {
     m_selectedToolID = m_settings.value(kSelectedToolID, u"markdown"_s).toString();
     m_settings.endGroup();
     showSelectedTool();
-    focusToolView();
 }
 
 } // namespace tarnquill

@@ -39,6 +39,7 @@ public:
 
     // The view of the selected tool, or the placeholder that asks to pick one.
     [[nodiscard]] ToolView& toolView() const;
+    // Gives the keyboard to what the tool's view names as its focus proxy.
     void focusToolView();
 
     // Opens the files one after the other, each in the tool that accepts its extension. One that no tool

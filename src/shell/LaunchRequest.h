@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMetaType>
 #include <QStringList>
 
 #include <optional>
@@ -26,3 +27,5 @@ struct LaunchRequest {
 };
 
 } // namespace tarnquill
+
+Q_DECLARE_METATYPE(tarnquill::LaunchRequest)

@@ -156,7 +156,7 @@ SidebarView::SidebarView(const ToolCatalogue& catalogue, QWidget* parent)
     auto* const top = new QHBoxLayout;
     top->addStretch();
     top->addWidget(m_menuButton);
-    top->setContentsMargins(0, 0, kInset + 1, 0);
+    top->setContentsMargins(0, 0, kInset, 0);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

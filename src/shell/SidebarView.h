@@ -14,9 +14,10 @@ class SidebarView : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int kMinimumWidth = 200;
-    static constexpr int kIdealWidth = 230;
-    static constexpr int kMaximumWidth = 320;
+    // Together with the line at its edge, the sidebar is 200, 230 or 320 wide.
+    static constexpr int kMinimumWidth = 199;
+    static constexpr int kIdealWidth = 229;
+    static constexpr int kMaximumWidth = 319;
 
     explicit SidebarView(const ToolCatalogue& catalogue, QWidget* parent = nullptr);
 
