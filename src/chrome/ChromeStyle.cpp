@@ -5,9 +5,11 @@
 #include "chrome/Painting.h"
 #include "chrome/StyleControls.h"
 #include "chrome/StyleMenus.h"
+#include "chrome/Symbols.h"
 #include "chrome/Theme.h"
 
 #include <QAbstractItemView>
+#include <QHash>
 #include <QLineEdit>
 #include <QMenu>
 #include <QStyleFactory>
@@ -77,7 +79,7 @@ int ChromeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_ButtonIconSize:
         return 14;
     case PM_HeaderMargin:
-        return 12;
+        return 8;
     case PM_ToolTipLabelFrameWidth:
         return 8;
     default:
@@ -123,6 +125,8 @@ QSize ChromeStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         return {std::max(size.width() + 24, 64), StyleControls::kHeight};
     case CT_ComboBox:
         return {size.width() + 36, StyleControls::kHeight};
+    case CT_ItemViewItem:
+        return QProxyStyle::sizeFromContents(type, option, size, widget).expandedTo({0, 24});
     default:
         break;
     }
@@ -145,7 +149,33 @@ QRect ChromeStyle::subControlRect(ComplexControl control, const QStyleOptionComp
             return visualRect(bar->direction, bar->rect, StyleControls::scrollBarPart(*bar, subControl));
         }
     }
+    if (control == CC_ComboBox && subControl == SC_ComboBoxEditField) {
+        return visualRect(option->direction, option->rect, option->rect.adjusted(8, 0, -24, 0));
+    }
     return QProxyStyle::subControlRect(control, option, subControl, widget);
+}
+
+// The icons of the file dialog, where the desktop brings none of its own.
+QIcon ChromeStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                                const QWidget* widget) const {
+    static const QHash<StandardPixmap, QString> kSymbols{
+        {SP_FileDialogBack, u"arrow-left"_s},
+        {SP_ArrowBack, u"arrow-left"_s},
+        {SP_ArrowForward, u"arrow-right"_s},
+        {SP_FileDialogToParent, u"arrow-up"_s},
+        {SP_FileDialogNewFolder, u"folder-plus"_s},
+        {SP_FileDialogListView, u"layout-grid"_s},
+        {SP_FileDialogDetailedView, u"list"_s},
+        {SP_DirIcon, u"folder"_s},
+        {SP_DirHomeIcon, u"house"_s},
+        {SP_FileIcon, u"file"_s},
+        {SP_ComputerIcon, u"monitor"_s},
+        {SP_DriveHDIcon, u"hard-drive"_s},
+        {SP_LineEditClearButton, u"circle-x"_s},
+    };
+    const auto symbol = kSymbols.constFind(which);
+    return symbol != kSymbols.cend() ? Symbols::icon(*symbol)
+                                     : QProxyStyle::standardIcon(which, option, widget);
 }
 
 void ChromeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -26,6 +26,8 @@ public:
                                        const QWidget* widget) const override;
     [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                        SubControl subControl, const QWidget* widget) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap which, const QStyleOption* option = nullptr,
+                                     const QWidget* widget = nullptr) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

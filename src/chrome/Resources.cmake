@@ -20,7 +20,9 @@ qt_add_resources(chrome chrome_fonts PREFIX /fonts FILES ${chrome_font_files} OP
 
 set(chrome_symbols
     arrow-down
+    arrow-left
     arrow-left-right
+    arrow-right
     arrow-right-left
     arrow-up
     arrow-up-down
@@ -36,21 +38,29 @@ set(chrome_symbols
     columns-3
     copy
     feather
+    file
     file-down
     file-search
     file-text
+    folder
     folder-open
+    folder-plus
     funnel
     globe
+    hard-drive
     history
+    house
     info
     key-round
+    layout-grid
     layout-template
     link
+    list
     loader-circle
     maximize
     menu
     minus
+    monitor
     package
     panel-left
     plus

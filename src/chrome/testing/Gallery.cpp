@@ -1,8 +1,10 @@
 // Draws every state of the shared widgets on one page, in light and in dark, and saves both as pictures, so
 // that a change of the look can be seen at a glance.
+#include "chrome/ActivePaneLine.h"
 #include "chrome/Alert.h"
 #include "chrome/BadgeLabel.h"
 #include "chrome/ComboBox.h"
+#include "chrome/LabelledControl.h"
 #include "chrome/MessageView.h"
 #include "chrome/Painting.h"
 #include "chrome/PaneButton.h"
@@ -11,8 +13,10 @@
 #include "chrome/Popover.h"
 #include "chrome/SearchBar.h"
 #include "chrome/SegmentedPicker.h"
+#include "chrome/Splitter.h"
 #include "chrome/TextLabel.h"
 #include "chrome/ToolPane.h"
+#include "chrome/Toolbar.h"
 #include "chrome/WrapLayout.h"
 
 #include <QApplication>
@@ -23,6 +27,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
 
 #include <functional>
 
@@ -281,6 +287,54 @@ QImage menuPicture(double scale) {
     return image;
 }
 
+// A whole tool, as wide as beside the sidebar.
+void saveTool(const QString& path, const QSize& size) {
+    QWidget tool;
+    auto* bar = new Toolbar(u"JSON"_s);
+    bar->setFilePath(u"/home/alice/orders.json"_s);
+    auto* open = new PaneButton(u"Open"_s, u"folder-open"_s, PaneButton::Look::outlined);
+    bar->addControl(open);
+    bar->addControl(new SegmentedPicker({u"Format"_s, u"Minify"_s}));
+    auto* search = new SearchBar(SearchBar::Parts::withNavigation);
+    search->setScopes({u"All text"_s, u"Keys"_s, u"Values"_s}, {});
+    search->setWidths(240, 400);
+    bar->addControl(search);
+    QObject::connect(bar, &Toolbar::narrowChanged, open, &PaneButton::setIconOnly);
+
+    auto* input = pane(u"Input"_s, new Sample, PaneBadge{u"VALID"_s, PaneBadge::Tint::ok});
+    input->header().addButton(new PaneButton(u"Clear"_s, u"trash"_s));
+    input->footer().setMetrics({{u"6 lines"_s}, {u"103 bytes"_s}, {u"4 keys"_s}});
+    auto* output = pane(u"Output"_s, new QPlainTextEdit(QString(u"{ \"actions\" }\n"_s).repeated(60)),
+                        PaneBadge{u"FORMATTED"_s});
+    auto* indent = new ComboBox;
+    indent->addItems({u"2 spaces"_s});
+    indent->setFixedWidth(92);
+    output->header().addOption(new LabelledControl(u"Indent"_s, indent));
+    auto* sort = new PaneButton(u"Sort"_s, u"arrow.up"_s, PaneButton::Look::outlined);
+    sort->setTinted(true);
+    output->header().addOption(sort);
+    output->footer().setMetrics({{u"10 lines"_s, u"rows-3"_s}, {u"123 bytes"_s}});
+    PaneHeader::alignHeights({&input->header(), &output->header()});
+
+    auto* splitter = new Splitter(Qt::Horizontal);
+    splitter->addPane(input, 1, 320);
+    splitter->addPane(output, 1, 320);
+    splitter->setSizes({size.width() / 2, size.width() / 2});
+    auto* column = new QVBoxLayout(&tool);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(bar);
+    column->addWidget(splitter, 1);
+    ActivePaneLine line(&tool);
+    line.addPane(input);
+    tool.resize(size);
+    tool.show();
+    for (int turn = 0; turn < 5; ++turn) {
+        QApplication::processEvents();
+    }
+    tool.grab().save(path);
+}
+
 void save(const QString& path) {
     Page page;
     addPanes(page);
@@ -335,9 +389,12 @@ int main(int argc, char** argv) {
     Theme::instance().setReducedMotion(true);
     Theme::instance().install(application);
     const QDir folder(application.arguments().value(1, u"."_s));
-    Theme::instance().setAppearance(Appearance::light);
-    tarnquill::save(folder.filePath(u"gallery-light.png"_s));
-    Theme::instance().setAppearance(Appearance::dark);
-    tarnquill::save(folder.filePath(u"gallery-dark.png"_s));
+    for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
+        const QString suffix = appearance == Appearance::dark ? u"-dark.png"_s : u"-light.png"_s;
+        Theme::instance().setAppearance(appearance);
+        tarnquill::save(folder.filePath(u"gallery"_s + suffix));
+        tarnquill::saveTool(folder.filePath(u"tool"_s + suffix), {1050, 400});
+        tarnquill::saveTool(folder.filePath(u"tool-narrow"_s + suffix), {750, 400});
+    }
     return 0;
 }
