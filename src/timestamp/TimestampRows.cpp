@@ -3,6 +3,8 @@
 #include "common/CivilDate.h"
 #include "common/DateText.h"
 
+#include <utility>
+
 namespace tarnquill::Timestamp {
 
 namespace {
@@ -12,9 +14,35 @@ std::string padded(std::string digits, std::size_t width) {
     return digits;
 }
 
-// The instant counted in units of 10^-`decimals` seconds. The digits of the seconds and the nine of the
-// nanoseconds, side by side, are the count of nanoseconds; the unit only says where the point goes.
-std::string unixText(const Instant& instant, std::size_t decimals) {
+std::string isoWeekText(const CalendarFacts& facts) {
+    return padded(std::to_string(facts.isoWeekYear), 4) + "-W" + padded(std::to_string(facts.isoWeek), 2);
+}
+
+} // namespace
+
+Rows rows(const Instant& instant, const TimeZone& zone) {
+    const std::int32_t offset = zone.offsetAt(instant.seconds).seconds;
+    const CalendarFacts facts = calendarFacts(instant, offset);
+    const std::string dateAndClock = rfcDateText(instant.seconds) + ' ' + clockText(instant.seconds);
+    return {{
+        {Family::unix, "Unix seconds", unixText(instant, Unit::seconds)},
+        {Family::unix, "Unix milliseconds", unixText(instant, Unit::milliseconds)},
+        {Family::unix, "Unix microseconds", unixText(instant, Unit::microseconds)},
+        {Family::unix, "Unix nanoseconds", unixText(instant, Unit::nanoseconds)},
+        {Family::dates, "ISO 8601, UTC", iso8601Text(instant.seconds, instant.nanoseconds, 0)},
+        {Family::dates, "ISO 8601, local", iso8601Text(instant.seconds, instant.nanoseconds, offset)},
+        {Family::dates, "RFC 2822", dateAndClock + " +0000"},
+        {Family::dates, "HTTP date", dateAndClock + " GMT"},
+        {Family::calendar, "Weekday", std::string(facts.weekday)},
+        {Family::calendar, "Day of year", std::to_string(facts.dayOfYear)},
+        {Family::calendar, "ISO week", isoWeekText(facts)},
+    }};
+}
+
+// The digits of the seconds and the nine of the nanoseconds, side by side, are the count of nanoseconds; the
+// unit only says where the point goes.
+std::string unixText(const Instant& instant, Unit unit) {
+    const std::size_t decimals = std::to_underlying(unit) * std::size_t{3};
     const bool isNegative = instant.seconds < 0;
     // Below zero the nanoseconds count upwards from the second before.
     const bool borrows = isNegative && instant.nanoseconds > 0;
@@ -32,31 +60,6 @@ std::string unixText(const Instant& instant, std::size_t decimals) {
         text.append(".").append(fraction, decimals, last + 1 - decimals);
     }
     return isNegative ? "-" + text : text;
-}
-
-std::string isoWeekText(const CalendarFacts& facts) {
-    return padded(std::to_string(facts.isoWeekYear), 4) + "-W" + padded(std::to_string(facts.isoWeek), 2);
-}
-
-} // namespace
-
-Rows rows(const Instant& instant, const TimeZone& zone) {
-    const std::int32_t offset = zone.offsetAt(instant.seconds).seconds;
-    const CalendarFacts facts = calendarFacts(instant, offset);
-    const std::string dateAndClock = rfcDateText(instant.seconds) + ' ' + clockText(instant.seconds);
-    return {{
-        {Family::unix, "Unix seconds", unixText(instant, 0)},
-        {Family::unix, "Unix milliseconds", unixText(instant, 3)},
-        {Family::unix, "Unix microseconds", unixText(instant, 6)},
-        {Family::unix, "Unix nanoseconds", unixText(instant, 9)},
-        {Family::dates, "ISO 8601, UTC", iso8601Text(instant.seconds, instant.nanoseconds, 0)},
-        {Family::dates, "ISO 8601, local", iso8601Text(instant.seconds, instant.nanoseconds, offset)},
-        {Family::dates, "RFC 2822", dateAndClock + " +0000"},
-        {Family::dates, "HTTP date", dateAndClock + " GMT"},
-        {Family::calendar, "Weekday", std::string(facts.weekday)},
-        {Family::calendar, "Day of year", std::to_string(facts.dayOfYear)},
-        {Family::calendar, "ISO week", isoWeekText(facts)},
-    }};
 }
 
 CalendarFacts calendarFacts(const Instant& instant, std::int32_t offset) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#undef unix // a macro to compilers in GNU mode, and so to moc
+
 namespace tarnquill::Timestamp {
 
 enum class Family : std::uint8_t { unix, dates, calendar };
@@ -23,6 +25,9 @@ using Rows = std::array<Row, 11>;
 // "ISO 8601, local" and the calendar facts are those of the zone. The instant is in range, as parse() leaves
 // it.
 [[nodiscard]] Rows rows(const Instant& instant, const TimeZone& zone);
+
+// The count of units since 1970, with the digits of its fraction that are not zero.
+[[nodiscard]] std::string unixText(const Instant& instant, Unit unit);
 
 struct CalendarFacts {
     std::string_view weekday; // the English name in full
