@@ -5,8 +5,9 @@
 #include <QUrl>
 
 #include <functional>
+#include <optional>
 
-class QMimeData;
+class QEvent;
 
 namespace tarnquill {
 
@@ -19,8 +20,10 @@ struct FileDrop {
     // Two drops are always equal, so that giving a view another one never counts as a change of the view.
     bool operator==(const FileDrop&) const { return true; }
 
-    // The local files among what is dragged, in order.
-    [[nodiscard]] static QList<QUrl> fileUrls(const QMimeData& data);
+    // Answers the drag events of a view: files are copied, a drag of anything else is left to the views
+    // around it. Without a drop to hand them to, files may be dragged over the view but not be dropped.
+    // Returns whether the event was one of a drag.
+    static bool handle(QEvent& event, const std::optional<FileDrop>& drop);
 };
 
 } // namespace tarnquill

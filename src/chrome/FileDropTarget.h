@@ -1,4 +1,4 @@
-// Lets a view take dropped files: drags of anything else pass it by.
+// Lets a view that is not made for it take dropped files.
 #pragma once
 
 #include "chrome/FileDrop.h"
@@ -20,7 +20,7 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    FileDrop m_drop;
+    std::optional<FileDrop> m_drop;
 };
 
 } // namespace tarnquill

@@ -5,8 +5,6 @@
 
 #include <QWebEngineView>
 
-#include <optional>
-
 namespace tarnquill {
 
 class FileDropWebView : public QWebEngineView {
@@ -19,14 +17,9 @@ public:
     void setFileDrop(std::optional<FileDrop> drop) { m_fileDrop = std::move(drop); }
 
 protected:
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragMoveEvent(QDragMoveEvent* event) override;
-    void dragLeaveEvent(QDragLeaveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
-    void tell(bool targeted) const;
-
     std::optional<FileDrop> m_fileDrop;
 };
 

@@ -60,7 +60,12 @@ public:
 
     void attach(QWidget* control, const Style& style) {
         m_styles.insert(control, style);
-        connect(control, &QObject::destroyed, this, [this, control] { m_styles.remove(control); });
+        connect(control, &QObject::destroyed, this, [this, control] {
+            m_styles.remove(control);
+            if (m_control.isNull()) {
+                leave();
+            }
+        });
     }
 
 protected:

@@ -4,6 +4,7 @@
 #include "chrome/FocusRing.h"
 #include "chrome/Painting.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -33,7 +34,6 @@ SegmentedPicker::SegmentedPicker(const QStringList& titles, QWidget* parent)
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     FocusRing::attach(this, kTrackRadius);
-    updateAccessibleText();
 }
 
 void SegmentedPicker::setCurrentIndex(int index) {
@@ -42,14 +42,10 @@ void SegmentedPicker::setCurrentIndex(int index) {
     }
     m_current = index;
     m_slide->glideTo(index);
-    updateAccessibleText();
+    QAccessibleValueChangeEvent change(this, m_titles[index]);
+    QAccessible::updateAccessibility(&change);
     update();
     Q_EMIT currentIndexChanged(index);
-}
-
-void SegmentedPicker::updateAccessibleText() {
-    // The owner names the picker; what is chosen, out of what, is its description.
-    setAccessibleDescription(tr("%1, one of %2").arg(m_titles.value(m_current), m_titles.join(u", "_s)));
 }
 
 QSize SegmentedPicker::sizeHint() const {

@@ -33,7 +33,6 @@ protected:
 private:
     [[nodiscard]] QRect segment(int index) const;
     [[nodiscard]] QRectF pill() const;
-    void updateAccessibleText();
 
     QStringList m_titles;
     QList<int> m_widths;

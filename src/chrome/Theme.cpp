@@ -1,5 +1,6 @@
 #include "chrome/Theme.h"
 
+#include "chrome/Accessibility.h"
 #include "chrome/ChromeStyle.h"
 #include "chrome/Painting.h"
 #include "chrome/SystemAppearance.h"
@@ -39,6 +40,7 @@ void Theme::install(QApplication& application) {
     QToolTip::setFont(font(FontRole::note));
     QToolTip::setPalette(palette());
     ToolTips::install();
+    Accessibility::install();
 }
 
 void Theme::setAppearance(Appearance appearance) {

@@ -1,4 +1,5 @@
 // Buttons, pickers and the search bar, worked by real keys and clicks.
+#include "chrome/BadgeLabel.h"
 #include "chrome/ComboBox.h"
 #include "chrome/FindBar.h"
 #include "chrome/KeyNames.h"
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
@@ -180,6 +182,20 @@ TEST(FindBarTest, OpensWithTheKeyboardInItAndClosesByEscape) {
     EXPECT_TRUE(waitUntil([&] { return bar.isHidden(); }));
     EXPECT_EQ(bar.search().text(), u"the"_s) << "the next search starts from the last one";
     EXPECT_EQ(changed.count(), 2);
+}
+
+TEST(AccessibilityTest, ControlsSayWhatTheyAreAndWhatIsChosen) {
+    const auto role = [](QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget)->role(); };
+    PaneButton button(u"Open"_s, u"folder-open"_s);
+    button.setIconOnly(true);
+    EXPECT_EQ(role(button), QAccessible::PushButton);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), u"Open"_s);
+    SegmentedPicker picker({u"Format"_s, u"Minify"_s});
+    picker.setCurrentIndex(1);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&picker)->text(QAccessible::Value), u"Minify"_s);
+    BadgeLabel badge(PaneBadge{u"VALID"_s});
+    EXPECT_EQ(role(badge), QAccessible::StaticText);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&badge)->text(QAccessible::Name), u"VALID"_s);
 }
 
 TEST(KeyNamesTest, WritesKeysByNameWhereTheyHaveNoSigns) {
