@@ -15,19 +15,18 @@ std::string byteCountText(std::size_t bytes) {
         return countText(bytes, "byte", "bytes");
     }
     constexpr std::array<std::string_view, 4> kUnits{"KB", "MB", "GB", "TB"};
-    // In tenths of the unit, rounded half up. From a hundred on only the whole is shown, so that 999.5 is the
-    // next unit's 1.
+    // 999.5 of a unit is the next unit's 1. Below a hundred a tenth is shown; everything is rounded half up.
     std::size_t unit = 0;
     std::size_t scale = 1000;
-    std::size_t tenths = (bytes * 10 + scale / 2) / scale;
-    while (tenths >= 9995 && unit + 1 < kUnits.size()) {
+    while (2 * bytes >= 1999 * scale && unit + 1 < kUnits.size()) {
         ++unit;
         scale *= 1000;
-        tenths = (bytes * 10 + scale / 2) / scale;
     }
-    const auto whole = tenths < 1000 ? tenths / 10 : (tenths + 5) / 10;
+    const auto tenths = (10 * bytes + scale / 2) / scale;
+    const bool showsTenth = tenths < 1000;
+    const auto whole = showsTenth ? tenths / 10 : (bytes + scale / 2) / scale;
     auto text = localizedInteger(static_cast<std::int64_t>(whole));
-    if (tenths < 1000 && tenths % 10 != 0) {
+    if (showsTenth && tenths % 10 != 0) {
         text += "." + std::to_string(tenths % 10);
     }
     return text + " " + std::string(kUnits[unit]);
