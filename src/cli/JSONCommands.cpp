@@ -1,14 +1,20 @@
 #include "cli/Commands.h"
 #include "cli/Input.h"
 #include "cli/StandardOutput.h"
+#include "common/UnicodeText.h"
 #include "json/JSONFormatter.h"
+#include "json/JSONSearch.h"
+#include "json/JSONSyntaxTokens.h"
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <charconv>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace tarnquill::cli {
 
@@ -23,6 +29,9 @@ struct Options {
     std::string file;
     Indent indent;
     SortMode sortMode = SortMode::none;
+    std::string query;
+    JSONSearch::Scope scope = JSONSearch::Scope::all;
+    bool onlyRules = false;
 };
 
 std::expected<Bytes, Failure> readJSON(const std::string& file) {
@@ -77,9 +86,60 @@ Result validate(const std::string& file) {
     return result;
 }
 
+// What a command about positions works on: the file as the editor would hold it.
+std::expected<std::u16string, Failure> readUnits(const std::string& file) {
+    const auto text = readText(file);
+    if (!text) {
+        return std::unexpected(text.error());
+    }
+    return *utf16FromUTF8(withoutByteOrderMark(text->view()));
+}
+
+std::string written(TextRange range) {
+    return std::to_string(range.location) + "\t" + std::to_string(range.length);
+}
+
+Result search(const Options& options) {
+    const auto query = utf16FromUTF8(options.query);
+    if (!query) {
+        return failed({.exitStatus = kUnreadable, .message = "The query is not UTF-8 text."});
+    }
+    const auto text = readUnits(options.file);
+    if (!text) {
+        return failed(text.error());
+    }
+    Result result{.exitStatus = kRefused, .output = {}, .error = {}};
+    for (const auto& match : JSONSearch::matches(*query, *text, options.scope)) {
+        result.exitStatus = 0;
+        result.output += written(match) + "\n";
+    }
+    return result;
+}
+
+Result tokens(const Options& options) {
+    constexpr std::array<std::string_view, 6> kNames{"plain",   "punctuation", "number",
+                                                     "keyword", "string",      "key"};
+    const auto text = readUnits(options.file);
+    if (!text) {
+        return failed(text.error());
+    }
+    const TextRange all{0, text->size()};
+    const auto kinds = options.onlyRules ? JSONSyntaxTokens::tokensByRules(*text, all)
+                                         : JSONSyntaxTokens::tokens(*text, all);
+    Result result;
+    for (const auto& run : syntaxRuns(kinds)) {
+        result.output.append(written(run.range)).append("\t").append(kNames[run.kind]).append("\n");
+    }
+    return result;
+}
+
+void addFileOption(CLI::App& command, Options& options) {
+    command.add_option("FILE", options.file, "The file to read; standard input when absent or “-”");
+}
+
 CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, Options& options) {
     auto* command = tool.add_subcommand(name, description);
-    command->add_option("FILE", options.file, "The file to read; standard input when absent or “-”");
+    addFileOption(*command, options);
     return command;
 }
 
@@ -89,6 +149,15 @@ void addSortOption(CLI::App& command, Options& options) {
     command
         .add_option("--sort", options.sortMode, "The order of the keys: none, ascending or descending [none]")
         ->transform(CLI::CheckedTransformer(modes).description(""));
+}
+
+void addScopeOption(CLI::App& command, Options& options) {
+    std::map<std::string, JSONSearch::Scope> scopes;
+    for (const auto scope : JSONSearch::kScopes) {
+        scopes.emplace(name(scope), scope);
+    }
+    command.add_option("--scope", options.scope, "Where to search: all, keys or values [all]")
+        ->transform(CLI::CheckedTransformer(scopes).description(""));
 }
 
 void addIndentOption(CLI::App& command, Options& options) {
@@ -109,7 +178,7 @@ void addIndentOption(CLI::App& command, Options& options) {
 } // namespace
 
 void addJSONCommands(CLI::App& application, Result& result) {
-    auto* tool = application.add_subcommand("json", "Format, minify and validate JSON");
+    auto* tool = application.add_subcommand("json", "Format, minify, validate, search and colour JSON");
     tool->require_subcommand(1);
     const auto options = std::make_shared<Options>();
 
@@ -134,6 +203,19 @@ void addJSONCommands(CLI::App& application, Result& result) {
     auto* check =
         addCommand(*tool, "validate", "Tell whether the document is JSON, its bytes and its keys", *options);
     check->callback([options, &result] { result = validate(options->file); });
+
+    auto* find = tool->add_subcommand(
+        "search", "Print location and length of each match, in UTF-16 units; case and accents are ignored");
+    find->add_option("QUERY", options->query, "What to search for")->required();
+    addFileOption(*find, *options);
+    addScopeOption(*find, *options);
+    find->callback([options, &result] { result = search(*options); });
+
+    auto* colour = addCommand(*tool, "tokens",
+                              "Print location, length (UTF-16 units) and kind of what is coloured", *options);
+    colour->add_flag("--rules", options->onlyRules,
+                     "By the table of patterns alone, without the fast scanner");
+    colour->callback([options, &result] { result = tokens(*options); });
 }
 
 } // namespace tarnquill::cli

@@ -122,7 +122,8 @@ private:
 };
 
 void FoldedWindow::fill(std::u16string_view text, std::size_t start, std::size_t length) {
-    m_units.resize(std::max(m_units.size(), length + std::max(kUnitBlockSize, kMaxFoldedLength)));
+    const auto atMost = std::min(length, (text.size() - start) * kMaxFoldedLength);
+    m_units.resize(std::max(m_units.size(), atMost + std::max(kUnitBlockSize, kMaxFoldedLength)));
     m_length = 0;
     m_start = start;
     m_end = start;
