@@ -132,7 +132,7 @@ Result decode(std::string_view input, Scheme scheme, const Options& options) {
     std::unreachable();
 }
 
-Output present(Decoded decoded, Scheme scheme, const Options& options) {
+Output present(Decoded& decoded, Scheme scheme, const Options& options) {
     Output output{.text = {},
                   .content = Content::text,
                   .compression = decoded.compression,
@@ -169,7 +169,7 @@ std::expected<Output, Failure> run(std::string_view input, Scheme scheme, Direct
     if (!decoded) {
         return std::unexpected(decoded.error());
     }
-    return present(std::move(*decoded), scheme, options);
+    return present(*decoded, scheme, options);
 }
 
 } // namespace tarnquill::Codec

@@ -77,7 +77,8 @@ struct Decoded {
 [[nodiscard]] std::expected<Decoded, Failure> decode(std::string_view input, Scheme scheme,
                                                      const Options& options);
 
-// `decoded` is what decode() gave for the scheme and the options.
-[[nodiscard]] Output present(Decoded decoded, Scheme scheme, const Options& options);
+// `decoded` is what decode() gave for the scheme and the options. Text is moved out of it; bytes that are no
+// text stay there.
+[[nodiscard]] Output present(Decoded& decoded, Scheme scheme, const Options& options);
 
 } // namespace tarnquill::Codec
