@@ -36,6 +36,7 @@ Result run(int argc, char** argv) {
     application.set_version_flag("--version", "tarnquill-cli " TARNQUILL_VERSION);
     application.require_subcommand(1);
     Result result;
+    addCodecCommands(application, result);
     addJSONCommands(application, result);
     addTimestampCommands(application, result);
     try {

@@ -1,0 +1,94 @@
+#include "cli/Commands.h"
+#include "cli/Input.h"
+#include "cli/StandardOutput.h"
+#include "codec/Codec.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace tarnquill::cli {
+
+namespace {
+
+using Codec::Scheme;
+
+struct Options {
+    std::string file;
+    Scheme scheme = Scheme::base64;
+    Codec::Options codec;
+    bool raw = false;
+};
+
+Result encode(const Options& options) {
+    const auto input = options.raw ? readBytes(options.file) : readText(options.file);
+    if (!input) {
+        return failed(input.error());
+    }
+    const auto bytes = options.raw ? input->view() : withoutByteOrderMark(input->view());
+    const auto text = Codec::encode(bytes, options.scheme, options.codec);
+    StandardOutput output;
+    output.write(text);
+    if (!text.ends_with('\n')) {
+        output.write("\n");
+    }
+    return {};
+}
+
+Result decode(const Options& options) {
+    // Every scheme but HTML has a sentence of its own for bytes that are no text.
+    const auto input =
+        options.scheme == Scheme::html ? readText(options.file) : readUncheckedText(options.file);
+    if (!input) {
+        return failed(input.error());
+    }
+    auto decoded = Codec::decode(withoutByteOrderMark(input->view()), options.scheme, options.codec);
+    if (!decoded) {
+        return failed({.exitStatus = kRefused, .message = Codec::message(decoded.error())});
+    }
+    auto output = Codec::present(*decoded, options.scheme, options.codec);
+    const auto asBytes = options.raw && output.dump;
+    return {.exitStatus = 0, .output = std::move(asBytes ? decoded->bytes : output.text), .error = {}};
+}
+
+CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, const char* raw,
+                     Options& options) {
+    auto* command = tool.add_subcommand(name, description);
+    command->add_option("FILE", options.file, "The file to read; standard input when absent or “-”");
+    const std::map<std::string, Scheme> schemes{
+        {"base64", Scheme::base64}, {"url", Scheme::url}, {"html", Scheme::html}, {"hex", Scheme::hex}};
+    command->add_option("--scheme", options.scheme, "The encoding: base64, url, html or hex [base64]")
+        ->transform(CLI::CheckedTransformer(schemes).description(""));
+    command->add_flag("--url-safe", options.codec.urlSafe,
+                      "Use - and _ in place of + and /, and drop the = padding");
+    command->add_flag("--plus-for-space", options.codec.plusForSpace,
+                      "Treat + as a space, as HTML forms and query strings do");
+    command->add_flag("--unpack", options.codec.inflate, "Unpack gzip or zlib data found after decoding");
+    command->add_flag("--format-json", options.codec.formatJSON,
+                      "Format decoded text that is a JSON object or array");
+    command->add_flag("--raw", options.raw, raw);
+    return command;
+}
+
+} // namespace
+
+void addCodecCommands(CLI::App& application, Result& result) {
+    auto* tool =
+        application.add_subcommand("codec", "Encode and decode Base64, percent-encoding, HTML and hex");
+    tool->require_subcommand(1);
+    const auto options = std::make_shared<Options>();
+
+    auto* encodeCommand =
+        addCommand(*tool, "encode", "Encode the input's text",
+                   "Encode the input's bytes as they are, whether they are text or not", *options);
+    encodeCommand->callback([options, &result] { result = encode(*options); });
+
+    auto* decodeCommand =
+        addCommand(*tool, "decode", "Decode the input, and print a hex dump of what is no text",
+                   "Write bytes that are no text themselves instead of their hex dump", *options);
+    decodeCommand->callback([options, &result] { result = decode(*options); });
+}
+
+} // namespace tarnquill::cli
