@@ -27,6 +27,7 @@ struct Result {
 [[nodiscard]] Result failed(Failure failure);
 
 void addCodecCommands(CLI::App& application, Result& result);
+void addCSVCommands(CLI::App& application, Result& result);
 void addJSONCommands(CLI::App& application, Result& result);
 void addTimestampCommands(CLI::App& application, Result& result);
 

@@ -37,6 +37,7 @@ Result run(int argc, char** argv) {
     application.require_subcommand(1);
     Result result;
     addCodecCommands(application, result);
+    addCSVCommands(application, result);
     addJSONCommands(application, result);
     addTimestampCommands(application, result);
     try {

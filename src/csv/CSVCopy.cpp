@@ -231,6 +231,22 @@ void writeJSON(const Cells& cells, const Sink& sink, const std::stop_token& stop
     out.write(cells.rows.empty() ? "]" : "\n]");
 }
 
+void writeJSONArrays(const Cells& cells, const Sink& sink, const std::stop_token& stop) {
+    Writer out(sink);
+    out.write('[');
+    for (std::size_t i = 0; i < cells.rows.size() && !stop.stop_requested(); ++i) {
+        out.write(i == 0 ? "\n[" : ",\n[");
+        for (std::size_t j = 0; j < cells.columns.size(); ++j) {
+            if (j > 0) {
+                out.write(',');
+            }
+            writeJSONString(out, cells.document.cell(cells.rows[i], cells.columns[j]), Content::any);
+        }
+        out.write(']');
+    }
+    out.write(cells.rows.empty() ? "]" : "\n]");
+}
+
 void writeMarkdown(const Cells& cells, const Sink& sink, const std::stop_token& stop) {
     Writer out(sink);
     const auto writeLine = [&](auto writeCell) {

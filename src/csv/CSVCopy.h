@@ -28,6 +28,9 @@ using Sink = std::function<void(std::string_view)>;
 // last is written, in the place of the first.
 void writeJSON(const Cells& cells, const Sink& sink, const std::stop_token& stop = {});
 
+// An array of strings per row, on a line of its own.
+void writeJSONArrays(const Cells& cells, const Sink& sink, const std::stop_token& stop = {});
+
 // Vertical bars are escaped, and a line break within a cell becomes a space.
 void writeMarkdown(const Cells& cells, const Sink& sink, const std::stop_token& stop = {});
 

@@ -50,6 +50,11 @@ TEST(CSVCopy, WritesRowsAsJSONObjects) {
         << "of two columns with one name, the later one's value";
 }
 
+TEST(CSVCopy, WritesRowsAsJSONArraysOfTexts) {
+    EXPECT_EQ(copied(CSVCopy::writeJSONArrays, "a,b\n 1,\"x\ty\"\n2\n", {1, 0}, {0, 1}),
+              "[\n[\"2\",\"\"],\n[\" 1\",\"x\\ty\"]\n]");
+}
+
 TEST(CSVCopy, WritesTheValueOfANumber) {
     const struct {
         const char* cell;
