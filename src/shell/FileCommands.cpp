@@ -22,10 +22,7 @@ FileCommands::FileCommands(AppShellView& window)
     addSeparator();
     auto* const close = addAction(tr("Close Window"), &m_window, &QWidget::close);
     close->setShortcut(QKeySequence::Close);
-    auto* const quit = addAction(tr("Quit"), &m_window, [this] {
-        m_window.close();
-        QCoreApplication::quit();
-    });
+    auto* const quit = addAction(tr("Quit"), qApp, &QCoreApplication::quit);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
 

@@ -100,7 +100,7 @@ public:
         if (isSelected) {
             Painting::box(*painter, row, kRowRadius, themeColor(ColorRole::selectedRow));
         } else if (option.state.testFlag(QStyle::State_MouseOver)) {
-            Painting::box(*painter, row, kRowRadius, themeColor(ColorRole::pressed));
+            Painting::box(*painter, row, kRowRadius, themeColor(ColorRole::hover));
         }
         if (isSelected && m_list.hasFocus() && m_list.m_keyboardIsUsed) {
             Painting::box(*painter, row, kRowRadius, {}, themeColor(ColorRole::accent), kFocusLine);

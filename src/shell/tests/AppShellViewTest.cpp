@@ -12,16 +12,16 @@ namespace {
 
 class AppShellViewTest : public ShellWindowTest {
 protected:
-    // Drags the files over the window, and drops them.
+    // Drags the files over what the tool shows, and drops them.
     void drop(const QList<QUrl>& urls) {
         QMimeData data;
         data.setUrls(urls);
-        const QPoint spot(600, 300);
+        const QPoint spot(300, 300);
         QDragEnterEvent enter(spot, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window(), &enter);
+        QApplication::sendEvent(&window().toolView(), &enter);
         dragWasAccepted = enter.isAccepted();
         QDropEvent event(spot, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window(), &event);
+        QApplication::sendEvent(&window().toolView(), &event);
     }
 
     QListWidget& sidebarList() { return *window().findChild<QListWidget*>(); }
