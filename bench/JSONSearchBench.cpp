@@ -25,7 +25,7 @@ const std::u16string& accentedDocument() {
         auto text = document();
         for (auto place = text.find(u"said"); place != std::u16string::npos;
              place = text.find(u"said", place)) {
-            text.replace(place, 4, u"d\u00EDjo\u0301");
+            text.replace(place, 4, u"d\u00EDo\u0301");
         }
         return text;
     }();
