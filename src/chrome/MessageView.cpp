@@ -24,6 +24,7 @@ constexpr int kBelowTitle = 4;
 class MessageView::Text : public QAbstractButton {
 public:
     explicit Text(QWidget* parent) : QAbstractButton(parent) {
+        setObjectName(u"messageLink"_s);
         FocusRing::attach(this, 4);
         setLink(false, {});
     }

@@ -174,8 +174,12 @@ void JSONToolViewModel::scheduleSearch() {
         kSearchDelay,
         [request = std::move(request), input = m_text, output = output()](const std::stop_token& token) {
             auto result = request;
-            result.inputMatches = JSONSearch::matches(request.query, input.text(), request.scope, token);
-            result.outputMatches = JSONSearch::matches(request.query, output.text(), request.scope, token);
+            const auto matchesIn = [&](const TextBuffer& text) {
+                return std::make_shared<const std::vector<TextRange>>(
+                    JSONSearch::matches(request.query, text.text(), request.scope, token));
+            };
+            result.inputMatches = matchesIn(input);
+            result.outputMatches = matchesIn(output);
             return result;
         },
         [this](SearchResult&& result) {
@@ -184,8 +188,8 @@ void JSONToolViewModel::scheduleSearch() {
         });
 }
 
-const std::vector<TextRange>& JSONToolViewModel::matches(Pane pane) const {
-    static const std::vector<TextRange> kNone;
+JSONToolViewModel::Matches JSONToolViewModel::matches(Pane pane) const {
+    static const auto kNone = std::make_shared<const std::vector<TextRange>>();
     const auto& result = m_searchResult;
     if (result.query.empty() || result.query != m_searchQuery || result.scope != m_searchScope) {
         return kNone;
@@ -196,16 +200,11 @@ const std::vector<TextRange>& JSONToolViewModel::matches(Pane pane) const {
     return result.outputGeneration == m_outputGeneration ? result.outputMatches : kNone;
 }
 
-std::optional<TextRange> JSONToolViewModel::currentMatch(Pane pane) const {
-    const auto selection = pane == Pane::input ? m_inputSelection : m_outputSelection;
-    return JSONSearch::index(selection, matches(pane)) ? std::optional(selection) : std::nullopt;
-}
-
 std::string JSONToolViewModel::searchStatus() const {
     if (m_searchQuery.empty() || m_searching.isPending()) {
         return {};
     }
-    return JSONSearch::statusText(matches(m_activePane),
+    return JSONSearch::statusText(*matches(m_activePane),
                                   m_activePane == Pane::input ? m_inputSelection : m_outputSelection);
 }
 
@@ -232,7 +231,7 @@ void JSONToolViewModel::findPrevious() {
 
 void JSONToolViewModel::find(JSONSearch::Direction direction) {
     const auto selection = m_activePane == Pane::input ? m_inputSelection : m_outputSelection;
-    if (const auto match = JSONSearch::nextMatch(selection, matches(m_activePane), direction)) {
+    if (const auto match = JSONSearch::nextMatch(selection, *matches(m_activePane), direction)) {
         Q_EMIT revealRequested(m_activePane, Reveal{.range = *match, .serial = ++m_revealSerial});
     }
 }

@@ -12,6 +12,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -30,6 +31,9 @@ public:
     enum class OutputMode : std::uint8_t { formatted, minified };
     enum class Pane : std::uint8_t { input, output };
 
+    // Sorted by location, without overlaps. Shared, because there may be millions.
+    using Matches = std::shared_ptr<const std::vector<TextRange>>;
+
     // What one formatting depends on. The generation stands for the text.
     struct Inputs {
         int textGeneration = 0;
@@ -44,8 +48,8 @@ public:
         JSONSearch::Scope scope = JSONSearch::Scope::all;
         int inputGeneration = 0;
         int outputGeneration = 0;
-        std::vector<TextRange> inputMatches;
-        std::vector<TextRange> outputMatches;
+        Matches inputMatches;
+        Matches outputMatches;
     };
 
     explicit JSONToolViewModel(QObject* parent = nullptr);
@@ -61,9 +65,8 @@ public:
     [[nodiscard]] JSONSearch::Scope searchScope() const { return m_searchScope; }
     [[nodiscard]] Pane activePane() const { return m_activePane; }
 
-    // The pane's matches, as long as they belong to the text that it shows.
-    [[nodiscard]] const std::vector<TextRange>& matches(Pane pane) const;
-    [[nodiscard]] std::optional<TextRange> currentMatch(Pane pane) const;
+    // The pane's matches, as long as they belong to the text that it shows; else an empty list. Never null.
+    [[nodiscard]] Matches matches(Pane pane) const;
     // "3 of 12 matches" for the active pane; empty while there is no query.
     [[nodiscard]] std::string searchStatus() const;
 

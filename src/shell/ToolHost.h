@@ -2,6 +2,8 @@
 // hands files to the tools.
 #pragma once
 
+#include "json/JSONToolViewModel.h"
+
 #include <QObject>
 #include <QString>
 
@@ -31,8 +33,11 @@ public:
     // when no tool accepts it. A file that cannot be read is for the tool's model to report.
     std::optional<QString> open(const QUrl& url);
 
+    [[nodiscard]] JSONToolViewModel& json() { return m_json; }
+
 private:
     const ToolCatalogue& m_catalogue;
+    JSONToolViewModel m_json;
 };
 
 } // namespace tarnquill

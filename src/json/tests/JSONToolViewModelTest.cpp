@@ -130,8 +130,8 @@ TEST_F(JSONToolViewModelTest, SearchesBothPanesAndWalksTheMatchesOfTheActiveOne)
     setText(uR"({"name":"name","n":1})");
     m_model.setSearch(u"NAME", JSONSearch::Scope::keys);
     settle();
-    EXPECT_EQ(m_model.matches(Pane::input), (std::vector<TextRange>{{2, 4}}));
-    EXPECT_EQ(m_model.matches(Pane::output), (std::vector<TextRange>{{5, 4}}));
+    EXPECT_EQ(*m_model.matches(Pane::input), (std::vector<TextRange>{{2, 4}}));
+    EXPECT_EQ(*m_model.matches(Pane::output), (std::vector<TextRange>{{5, 4}}));
     EXPECT_EQ(m_model.searchStatus(), "1 match");
 
     m_model.setSearch(u"n", JSONSearch::Scope::all);
@@ -153,12 +153,12 @@ TEST_F(JSONToolViewModelTest, ShowsNoMatchesOfAnEarlierText) {
     setText(uR"(["aa"])");
     m_model.setSearch(u"a", JSONSearch::Scope::all);
     settle();
-    EXPECT_EQ(m_model.matches(Pane::input).size(), 2U);
+    EXPECT_EQ(m_model.matches(Pane::input)->size(), 2U);
     m_model.setText(TextBuffer(uR"(["b"])"));
-    EXPECT_TRUE(m_model.matches(Pane::input).empty());
+    EXPECT_TRUE(m_model.matches(Pane::input)->empty());
     settle();
     EXPECT_EQ(m_model.searchStatus(), "No matches");
-    EXPECT_TRUE(m_model.matches(Pane::output).empty());
+    EXPECT_TRUE(m_model.matches(Pane::output)->empty());
 }
 
 } // namespace tarnquill

@@ -1,6 +1,9 @@
 #include "shell/tools/JSONTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "shell/ToolHost.h"
+#include "json/JSONToolView.h"
+
+#include <QUrl>
 
 namespace tarnquill {
 
@@ -8,8 +11,12 @@ using namespace Qt::StringLiterals;
 
 JSONTool::JSONTool() : Tool(u"json"_s, u"JSON"_s, u"curlybraces"_s, ToolCategory::data, {u"json"_s}) {}
 
-ToolView* JSONTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* JSONTool::makeView(ToolHost& host) const {
+    return new JSONToolView(host.json());
+}
+
+void JSONTool::open(const QUrl& url, ToolHost& host) const {
+    host.json().open(url.toLocalFile());
 }
 
 } // namespace tarnquill

@@ -9,6 +9,7 @@ class JSONTool : public Tool {
 public:
     JSONTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+    void open(const QUrl& url, ToolHost& host) const override;
 };
 
 } // namespace tarnquill

@@ -1,0 +1,12 @@
+// Colours JSON in an editor.
+#pragma once
+
+#include "chrome/SyntaxHighlighter.h"
+
+#include <memory>
+
+namespace tarnquill {
+
+[[nodiscard]] std::unique_ptr<SyntaxHighlighter> makeJSONHighlighter();
+
+} // namespace tarnquill
