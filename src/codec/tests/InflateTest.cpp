@@ -71,8 +71,9 @@ TEST(Inflate, NeverGivesOtherBytesWhenOneBitIsFlipped) {
                 ++accepted;
             }
         }
-        // Only what is ignored may change: of gzip the name, the time, the extra and reserved flags and the system, of
-        // zlib the header (which detect() judges), and of both the unused bits of the last block's last byte.
+        // Only what is ignored may change: of gzip the name, the time, the extra and reserved flags and the
+        // system, of zlib the header (which detect() judges), and of both the unused bits of the last block's
+        // last byte.
         EXPECT_LE(accepted, (format == Format::gzip ? 84U : 16U) + 7);
     }
 }
