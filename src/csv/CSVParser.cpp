@@ -1,5 +1,6 @@
 #include "csv/CSVParser.h"
 
+#include "common/LargeString.h"
 #include "csv/CSVBlocks.h"
 #include "csv/CSVNumber.h"
 
@@ -72,13 +73,17 @@ public:
           m_fieldEnds{delimiter, '\n', '\r'} {
         m_document.m_id = boost::uuids::random_generator()();
         m_document.m_delimiter = delimiter;
-        m_document.m_text = std::make_unique_for_overwrite<char[]>(text.size());
+        m_document.m_text = stringWithRoomFor(text.size());
         m_document.m_fields.reserve(likelyFieldCount());
-        m_out = m_document.m_text.get();
     }
 
     Document build(HeaderRow header) && {
-        split();
+        // The fields are never longer than the text that they are taken from.
+        const auto room = static_cast<std::size_t>(m_end - m_in);
+        m_document.m_text.resize_and_overwrite(room, [this](char* start, std::size_t) {
+            split(start);
+            return m_document.m_fields.back();
+        });
         if (header == HeaderRow::first && m_document.m_records.size() > 1) {
             m_document.m_header = HeaderRow::first;
         }
@@ -98,13 +103,14 @@ private:
         return size == 0 ? 0 : static_cast<std::size_t>((m_end - m_in) * ends / size * 11 / 10 + 16);
     }
 
-    void split() {
+    void split(char* const start) {
+        m_out = start;
         while (!m_stop.stop_requested()) {
             if (m_in < m_end && *m_in == '"') {
                 takeQuoted();
             }
             m_fieldEnds.copyUpTo(m_in, m_end, m_out);
-            m_document.m_fields.push_back(static_cast<std::uint32_t>(m_out - m_document.m_text.get()));
+            m_document.m_fields.push_back(static_cast<std::uint32_t>(m_out - start));
             if (m_in == m_end) {
                 finishRecord();
                 return;
@@ -212,13 +218,6 @@ std::span<const std::uint32_t> Document::rowBounds(std::size_t row) const {
     return std::span(m_fields).subspan(m_records[record], fieldCount(record) + 1);
 }
 
-bool operator==(const Document& left, const Document& right) {
-    return left.m_id == right.m_id && left.m_delimiter == right.m_delimiter &&
-           left.m_header == right.m_header && left.m_fields == right.m_fields &&
-           left.m_records == right.m_records &&
-           std::memcmp(left.m_text.get(), right.m_text.get(), left.m_fields.back()) == 0;
-}
-
 char detectDelimiter(std::string_view text) {
     constexpr std::array kCandidates{',', '\t', ';', '|'}; // ties go to the earlier one
     constexpr int kSampleRecords = 5;
@@ -278,12 +277,6 @@ std::string columnName(std::size_t index) {
         name.insert(name.begin(), static_cast<char>('A' + (rest - 1) % 26));
     }
     return name;
-}
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 } // namespace tarnquill::CSVParser

@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <span>
 #include <stop_token>
@@ -66,7 +65,7 @@ public:
     // Rows that had fewer fields than there are columns.
     [[nodiscard]] std::size_t paddedRowCount() const { return m_paddedRowCount; }
 
-    friend bool operator==(const Document& left, const Document& right);
+    friend bool operator==(const Document&, const Document&) = default;
 
 private:
     friend class DocumentBuilder;
@@ -79,13 +78,13 @@ private:
         return column < fieldCount(record) ? text(m_records[record] + column, 1) : std::string_view();
     }
     [[nodiscard]] std::string_view text(std::size_t firstField, std::size_t count) const {
-        return {m_text.get() + m_fields[firstField], m_fields[firstField + count] - m_fields[firstField]};
+        return {m_text.data() + m_fields[firstField], m_fields[firstField + count] - m_fields[firstField]};
     }
 
     ID m_id{};
     char m_delimiter = ',';
     HeaderRow m_header = HeaderRow::none;
-    std::unique_ptr<char[]> m_text;          // the fields without quotes and separators
+    std::string m_text;                      // the fields without quotes and separators
     std::vector<std::uint32_t> m_fields{0};  // where in m_text each field begins, and where the last one ends
     std::vector<std::uint32_t> m_records{0}; // each record's first field, and the number of fields
     std::vector<bool> m_isNumeric;
@@ -109,6 +108,15 @@ struct Options {
 [[nodiscard]] std::string columnName(std::size_t index);
 
 // Without the spaces and tabs at both ends.
-[[nodiscard]] std::string_view trimmed(std::string_view text);
+[[nodiscard]] constexpr std::string_view trimmed(std::string_view text) {
+    constexpr auto isBlank = [](char character) { return character == ' ' || character == '\t'; };
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
 
 } // namespace tarnquill::CSVParser
