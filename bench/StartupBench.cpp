@@ -13,8 +13,7 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
-
-extern char** environ;
+#include <unistd.h>
 
 namespace {
 
@@ -23,6 +22,7 @@ constexpr int kRounds = 21;
 // Milliseconds from the start of the program to its end.
 double run(std::vector<std::string> command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (auto& argument : command) {
         arguments.push_back(argument.data());
     }

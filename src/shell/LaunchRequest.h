@@ -11,8 +11,10 @@ namespace tarnquill {
 
 struct LaunchRequest {
     QStringList files; // absolute paths
+    // Lets the running window come to the front, where the desktop asks for such a token. Most requests have
+    // none.
     QString activationToken =
-        {}; // lets the running window come to the front, where the desktop asks for such a token
+        {}; // NOLINT(readability-redundant-member-init): GCC wants it of a field to leave out
 
     // No message is longer, so that nothing that writes to the socket can make the running program grow.
     static constexpr qsizetype kMaxMessageBytes = 1 << 20;

@@ -21,16 +21,11 @@ TEST(LaunchRequestTest, RefusesWhatIsNotAMessage) {
         "hello\n",
         "[]\n",
         R"({"files":[],"activationToken":""})",
-        R"({"files":[]})"
-        "\n",
-        R"({"files":"/etc/passwd","activationToken":""})"
-        "\n",
-        R"({"files":[7],"activationToken":""})"
-        "\n",
-        R"({"files":["relative.json"],"activationToken":""})"
-        "\n",
-        R"({"files":["/tmp/a.json\u0000.png"],"activationToken":""})"
-        "\n",
+        "{\"files\":[]}\n",
+        "{\"files\":\"/etc/passwd\",\"activationToken\":\"\"}\n",
+        "{\"files\":[7],\"activationToken\":\"\"}\n",
+        "{\"files\":[\"relative.json\"],\"activationToken\":\"\"}\n",
+        "{\"files\":[\"/tmp/a.json\\u0000.png\"],\"activationToken\":\"\"}\n",
         QByteArray(2000, '[') + '\n',
         LaunchRequest{.files = {u'/' + QString(LaunchRequest::kMaxMessageBytes, u'a')}}.message(),
     };
