@@ -79,7 +79,6 @@ int ChromeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_ButtonIconSize:
         return 14;
     case PM_HeaderMargin:
-        return 8;
     case PM_ToolTipLabelFrameWidth:
         return 8;
     default:

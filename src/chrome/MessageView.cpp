@@ -116,7 +116,7 @@ void MessageView::paintEvent(QPaintEvent*) {
     const QRect area = block();
     const bool isError = m_kind == Kind::error;
     const int icon = isError ? 28 : 32;
-    Symbols::draw(painter, QRectF((width() - icon) / 2, area.top(), icon, icon), m_symbol,
+    Symbols::draw(painter, QRectF((width() - icon) / 2.0, area.top(), icon, icon), m_symbol,
                   themeColor(isError ? ColorRole::badIcon : ColorRole::muted),
                   isError ? Symbols::kStroke : Symbols::kThinStroke);
     const QRect title(kSide, area.top() + icon + kBelowIcon, width() - 2 * kSide,

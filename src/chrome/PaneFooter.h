@@ -10,9 +10,13 @@
 namespace tarnquill {
 
 struct Metric {
+    // The symbol before the text may be left out.
+    Metric(QString metricText, QString metricSymbol = {}, ColorRole metricColor = ColorRole::muted)
+        : text(std::move(metricText)), symbol(std::move(metricSymbol)), color(metricColor) {}
+
     QString text;
-    QString symbol = {}; // may be empty
-    ColorRole color = ColorRole::muted;
+    QString symbol;
+    ColorRole color;
 
     bool operator==(const Metric&) const = default;
 };

@@ -18,21 +18,16 @@ public:
         setFocusPolicy(Qt::TabFocus);
         setAccessibleName(QSplitter::tr("Divider between panes"));
         setAccessibleDescription(QSplitter::tr("Move with the arrow keys"));
+        setAttribute(Qt::WA_MouseNoMask);
+        constexpr int kMargin = kGrab / 2;
+        const bool across = orientation == Qt::Horizontal;
+        setContentsMargins(across ? kMargin : 0, across ? 0 : kMargin, across ? kMargin : 0,
+                           across ? 0 : kMargin);
     }
 
 protected:
-    void resizeEvent(QResizeEvent* event) override {
-        // Not the base class's: it would set margins of its own, and each change of them resizes the handle
-        // again.
-        QWidget::resizeEvent(event);
-        constexpr int kMargin = kGrab / 2;
-        const bool across = orientation() == Qt::Horizontal;
-        setContentsMargins(across ? kMargin : 0, across ? 0 : kMargin, across ? kMargin : 0,
-                           across ? 0 : kMargin);
-        clearMask();
-        setAttribute(Qt::WA_MouseNoMask);
-        setMask(contentsRect().adjusted(across ? -1 : 0, across ? 0 : -1, across ? 1 : 0, across ? 0 : 1));
-    }
+    // Instead of the base class's, which would set margins of its own.
+    void resizeEvent(QResizeEvent*) override { setMask(contentsRect().adjusted(-1, -1, 1, 1)); }
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);

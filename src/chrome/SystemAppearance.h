@@ -23,15 +23,17 @@ public:
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
     void read(const QString& group, const QString& key);
     void take(const QString& key, const QVariant& value);
 
     std::optional<bool> m_prefersDark;
     bool m_reducesMotion = false;
+
+    // A slot, to be found by name when the desktop sends its signal.
+    // NOLINTNEXTLINE(readability-redundant-access-specifiers)
+private Q_SLOTS:
+    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 };
 
 } // namespace tarnquill

@@ -10,8 +10,8 @@ constexpr QRgb opaque(unsigned rgb) {
     return 0xff000000U | rgb;
 }
 
-constexpr QRgb translucent(unsigned rgb, double opacity) {
-    return (static_cast<unsigned>(opacity * 255 + 0.5) << 24U) | rgb;
+constexpr QRgb translucent(unsigned rgb, unsigned percent) {
+    return ((percent * 255 + 50) / 100 << 24U) | rgb;
 }
 
 struct Row {
@@ -51,7 +51,7 @@ constexpr std::array<Row, kColorRoleCount> kColors{{
     {ColorRole::textSelection, opaque(0xd7e8fa), opaque(0x264f78)},
     {ColorRole::findCurrent, opaque(0xffe54a), opaque(0xffe54a)},
     {ColorRole::findCurrentText, opaque(0x000000), opaque(0x000000)},
-    {ColorRole::findOther, translucent(0xffe54a, 0.30), translucent(0xffe54a, 0.30)},
+    {ColorRole::findOther, translucent(0xffe54a, 30), translucent(0xffe54a, 30)},
     {ColorRole::okText, opaque(0x176b2c), opaque(0x8ee39b)},
     {ColorRole::okTint, opaque(0xe4f3e8), opaque(0x1f3a28)},
     {ColorRole::okIcon, opaque(0x1f7f36), opaque(0x8ccc80)},
@@ -66,9 +66,9 @@ constexpr std::array<Row, kColorRoleCount> kColors{{
     {ColorRole::tooltip, opaque(0x2c2c2e), opaque(0x48484b)},
     {ColorRole::tooltipText, opaque(0xf5f5f7), opaque(0xf5f5f7)},
     {ColorRole::scroll, opaque(0xc4c4ca), opaque(0x5a5a5f)},
-    {ColorRole::scrim, translucent(0x000000, 0.22), translucent(0x000000, 0.45)},
-    {ColorRole::outline, translucent(0x000000, 0.10), translucent(0xffffff, 0.10)},
-    {ColorRole::shadow, translucent(0x000000, 0.14), translucent(0x000000, 0.50)},
+    {ColorRole::scrim, translucent(0x000000, 22), translucent(0x000000, 45)},
+    {ColorRole::outline, translucent(0x000000, 10), translucent(0xffffff, 10)},
+    {ColorRole::shadow, translucent(0x000000, 14), translucent(0x000000, 50)},
     {ColorRole::canvasDot, opaque(0xe9e9ee), opaque(0x2c2c2f)},
     {ColorRole::syntaxPunctuation, opaque(0x737373), opaque(0x8a8a8a)},
     {ColorRole::syntaxNumber, opaque(0xb85000), opaque(0xff9230)},
