@@ -10,13 +10,11 @@
 namespace tarnquill {
 
 struct Metric {
-    // The symbol before the text may be left out.
-    Metric(QString metricText, QString metricSymbol = {}, ColorRole metricColor = ColorRole::muted)
-        : text(std::move(metricText)), symbol(std::move(metricSymbol)), color(metricColor) {}
-
     QString text;
-    QString symbol;
-    ColorRole color;
+    // The initializer lets it be left out without a warning.
+    // NOLINTNEXTLINE(readability-redundant-member-init)
+    QString symbol = {};
+    ColorRole color = ColorRole::muted;
 
     bool operator==(const Metric&) const = default;
 };
