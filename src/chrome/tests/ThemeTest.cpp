@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QSignalSpy>
+#include <QStyle>
 
 #include <cmath>
 
@@ -96,6 +97,27 @@ TEST_F(ThemeTest, TellsOnceWhenTheAppearanceSwitchesAndCarriesThePaletteAlong) {
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), Theme::color(ColorRole::background, true));
     theme.setAppearance(Appearance::light);
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), Theme::color(ColorRole::background, false));
+}
+
+TEST_F(ThemeTest, FollowsThePaletteThatTheSystemGivesUnlessToldOtherwise) {
+    Theme& theme = Theme::instance();
+    theme.setAppearance(Appearance::system);
+    QSignalSpy spy(&theme, &Theme::changed);
+    const auto systemBecomes = [](const QColor& window) {
+        QPalette palette;
+        palette.setColor(QPalette::Window, window);
+        QApplication::style()->polish(palette);
+        return palette.color(QPalette::Window);
+    };
+    EXPECT_EQ(systemBecomes(Qt::black), Theme::color(ColorRole::background, true));
+    EXPECT_TRUE(theme.isDark());
+    EXPECT_EQ(systemBecomes(Qt::white), Theme::color(ColorRole::background, false));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(spy.count(), 2);
+    theme.setAppearance(Appearance::light);
+    systemBecomes(Qt::black);
+    EXPECT_FALSE(theme.isDark());
+    systemBecomes(Qt::white);
 }
 
 TEST_F(ThemeTest, ShowsItsOwnTypefacesInEveryWeight) {
