@@ -25,13 +25,9 @@ TextRange unitAt(const TextBuffer& buffer, std::size_t position, QAccessible::Te
         return TextNavigation::wordAt(buffer, position);
     case QAccessible::NoBoundary:
         return {.location = 0, .length = buffer.length()};
-    default: {
+    default:
         // Sentences and paragraphs of code are its lines.
-        const auto line = buffer.lineAt(position);
-        const auto start = buffer.lineStart(line);
-        const auto end = line + 1 < buffer.lineCount() ? buffer.lineStart(line + 1) : buffer.length();
-        return {.location = start, .length = end - start};
-    }
+        return buffer.fullLineRange(buffer.lineAt(position));
     }
 }
 
@@ -195,7 +191,8 @@ void AccessibleTextView::insertText(int offset, const QString& text) {
 }
 
 void AccessibleTextView::replaceText(int startOffset, int endOffset, const QString& text) {
-    const auto [first, last] = std::minmax(position(startOffset), position(endOffset));
+    const auto first = position(std::min(startOffset, endOffset));
+    const auto last = position(std::max(startOffset, endOffset));
     view().replace({.location = first, .length = last - first}, text.toStdU16String());
 }
 

@@ -79,7 +79,6 @@ void CodeEditor::setErrorMark(std::optional<TextRange> range) {
 }
 
 void CodeEditor::bufferChanged(const TextChange& change) {
-    TextDropTextView::bufferChanged(change);
     if (m_highlighter) {
         m_highlighter->setText(buffer(), change);
     }

@@ -4,24 +4,40 @@
 #include "common/SyntaxRules.h"
 #include "common/TextBuffer.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace tarnquill {
 
 class LineKinds {
 public:
-    struct Record {
-        TextRange range; // the line without its line feed
-        SyntaxKinds kinds;
-        bool current = true; // or those of the line before its last edit, put where they belong now
+    class Record {
+    public:
+        Record(TextRange line, SyntaxKinds kinds);
+
+        // The line, without its line feed.
+        [[nodiscard]] TextRange range() const { return m_range; }
+        // Whether the line is as it was when its kinds were found.
+        [[nodiscard]] bool isCurrent() const { return m_edits.empty(); }
+        // The kinds of a part of the line; those of an edited line are where its old text is now.
+        [[nodiscard]] SyntaxKinds kinds(TextRange part) const;
+
+    private:
+        friend class LineKinds;
+
+        void edit(const TextChange& change);
+
+        TextRange m_range;
+        SyntaxKinds m_kinds;
+        std::vector<TextChange> m_edits; // of the line since then
     };
 
-    // Both take the start of a line.
+    // Nothing when the line that starts there has no kinds.
     [[nodiscard]] const Record* find(std::size_t lineStart) const;
     const Record& set(TextRange line, SyntaxKinds kinds);
 
-    // Moves the records behind a change of the text and forgets those of the lines that it touches;
-    // `keepEdited` keeps them while they still are one line, but not as current ones.
+    // Moves what is behind a change of the text. The kinds of lines that it touches are forgotten, or kept as
+    // long as they still are one line.
     enum class Edited : std::uint8_t { forget, keep };
     void apply(const TextChange& change, const TextBuffer& after, Edited edited);
 

@@ -2,6 +2,7 @@
 
 #include "common/TextCells.h"
 
+#include <QFontMetricsF>
 #include <QTextOption>
 
 #include <algorithm>
@@ -55,10 +56,11 @@ RowText::Formats around(const RowText::Preedit& preedit, const RowText::Formats&
 } // namespace
 
 RowText::RowText(std::u16string_view text, const QFont& font, double tabWidth, const Formats& formats,
-                 const QColor& standInColor, const Preedit& preedit)
+                 const QTextCharFormat& standIn, const Preedit& preedit)
     : m_length(text.size()),
       m_preeditOffset(preedit.offset),
-      m_preeditLength(static_cast<std::size_t>(preedit.text.size())) {
+      m_preeditLength(static_cast<std::size_t>(preedit.text.size())),
+      m_ascent(QFontMetricsF(font).ascent()) {
     QString shown(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
     Formats all = formats;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -66,11 +68,11 @@ RowText::RowText(std::u16string_view text, const QFont& font, double tabWidth, c
         const auto index = static_cast<qsizetype>(at);
         shown[index] = QChar(unit);
         if (unit != text[at]) {
-            QTextLayout::FormatRange standIn;
-            standIn.start = static_cast<int>(at);
-            standIn.length = 1;
-            standIn.format.setForeground(standInColor);
-            all.append(standIn);
+            QTextLayout::FormatRange range;
+            range.start = static_cast<int>(at);
+            range.length = 1;
+            range.format = standIn;
+            all.append(range);
         }
         m_runsBothWays = m_runsBothWays || (unit >= 0x590 && isWrittenFromTheRight(shown[index]));
     }
@@ -155,7 +157,7 @@ std::vector<RowText::Span> RowText::spans(TextRange range) const {
 }
 
 void RowText::draw(QPainter& painter, QPointF position) const {
-    m_layout.draw(&painter, position);
+    m_layout.draw(&painter, position + QPointF(0, m_ascent - m_layout.lineAt(0).ascent()));
 }
 
 } // namespace tarnquill

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QPointF>
 #include <QString>
+#include <QTextCharFormat>
 #include <QTextLayout>
 
 #include <string_view>
@@ -36,7 +37,7 @@ public:
     // Of formats that overlap, later ones win. What cannot be seen is drawn as something that can, in
     // `standInColor`.
     RowText(std::u16string_view text, const QFont& font, double tabWidth, const Formats& formats,
-            const QColor& standInColor, const Preedit& preedit);
+            const QTextCharFormat& standIn, const Preedit& preedit);
 
     [[nodiscard]] double width() const;
     // In front of composed text.
@@ -48,7 +49,8 @@ public:
     // Where the range is seen, left to right; more than one stretch where scripts run both ways.
     [[nodiscard]] std::vector<Span> spans(TextRange range) const;
 
-    // Draws with the painter's pen what has no format of its own. `position` is the row's upper left corner.
+    // Draws with the painter's pen what has no format of its own. `position` is the row's upper left corner;
+    // the baseline is that of the font, whatever other faces the row needs.
     void draw(QPainter& painter, QPointF position) const;
 
 private:
@@ -57,6 +59,7 @@ private:
     std::size_t m_length;
     std::size_t m_preeditOffset;
     std::size_t m_preeditLength;
+    double m_ascent;
     bool m_runsBothWays = false;
     QTextLayout m_layout;
 };

@@ -28,12 +28,8 @@ TextRange SelectionGesture::unitAt(const TextBuffer& buffer, std::size_t positio
     switch (m_unit) {
     case Unit::word:
         return TextNavigation::wordAt(buffer, position);
-    case Unit::line: {
-        const auto line = buffer.lineAt(position);
-        const auto start = buffer.lineStart(line);
-        const auto end = line + 1 < buffer.lineCount() ? buffer.lineStart(line + 1) : buffer.length();
-        return {.location = start, .length = end - start};
-    }
+    case Unit::line:
+        return buffer.fullLineRange(buffer.lineAt(position));
     case Unit::character:
         break;
     }

@@ -6,8 +6,9 @@ namespace tarnquill {
 
 namespace {
 
-// More lines than any view shows; scrolling through a text would collect all of it.
+// More lines than any view shows. Without a bound, scrolling through a text would collect all of it.
 constexpr std::size_t kCoveredLines = 2000;
+constexpr std::size_t kCoveredLongLines = 100;
 
 // Typing into a very long line coalesces for so long.
 constexpr std::chrono::milliseconds kTypingPause{100};
@@ -25,31 +26,27 @@ void SyntaxHighlighter::setText(const TextBuffer& text, const TextChange& change
     m_requested.reset();
 }
 
-std::span<const SyntaxKind> SyntaxHighlighter::kinds(TextRange range) {
-    const auto line = m_text.lineRange(m_text.lineAt(range.location));
-    const auto* const known = kindsOfLine(line);
-    if (known == nullptr) {
-        return {};
-    }
-    return std::span(*known).subspan(range.location - line.location, range.length);
+SyntaxKinds SyntaxHighlighter::kinds(TextRange range) {
+    const auto* const known = kindsOfLine(m_text.lineRange(m_text.lineAt(range.location)));
+    return known != nullptr ? known->kinds(range) : SyntaxKinds();
 }
 
-const SyntaxKinds* SyntaxHighlighter::kindsOfLine(TextRange line) {
+const LineKinds::Record* SyntaxHighlighter::kindsOfLine(TextRange line) {
     const auto isLong = line.length > kLongLine;
     auto& records = isLong ? m_longLines : m_coverage;
     const auto* const known = records.find(line.location);
-    if (known != nullptr && known->current) {
-        return &known->kinds;
+    if (known != nullptr && known->isCurrent()) {
+        return known;
     }
     if (line.length > kBackgroundLine) {
         requestKinds(line, known != nullptr ? kTypingPause : std::chrono::milliseconds{0});
-        return known != nullptr ? &known->kinds : nullptr;
+        return known;
     }
-    if (records.count() >= kCoveredLines) {
+    if (records.count() >= (isLong ? kCoveredLongLines : kCoveredLines)) {
         records.clear();
     }
     std::u16string scratch;
-    return &records.set(line, m_tokenize(m_text.view(line, scratch))).kinds;
+    return &records.set(line, m_tokenize(m_text.view(line, scratch)));
 }
 
 void SyntaxHighlighter::requestKinds(TextRange line, std::chrono::milliseconds delay) {

@@ -11,7 +11,6 @@
 
 #include <functional>
 #include <optional>
-#include <span>
 #include <string_view>
 
 namespace tarnquill {
@@ -41,9 +40,9 @@ public:
 
     void setText(const TextBuffer& text, const TextChange& change);
 
-    // The kinds of a stretch of one line; none while they are not known. Valid until the next call.
-    [[nodiscard]] std::span<const SyntaxKind> kinds(TextRange range);
-    // The same as what to draw the stretch with.
+    // The kinds of a part of one line; none while they are not known.
+    [[nodiscard]] SyntaxKinds kinds(TextRange range);
+    // The same as what to draw the part with.
     [[nodiscard]] RowText::Formats formats(TextRange range);
 
 Q_SIGNALS:
@@ -51,7 +50,7 @@ Q_SIGNALS:
     void kindsChanged();
 
 private:
-    [[nodiscard]] const SyntaxKinds* kindsOfLine(TextRange line);
+    [[nodiscard]] const LineKinds::Record* kindsOfLine(TextRange line);
     void requestKinds(TextRange line, std::chrono::milliseconds delay);
 
     Tokenizer m_tokenize;

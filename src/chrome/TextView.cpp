@@ -53,13 +53,18 @@ TextView::TextView(QWidget* parent) : QAbstractScrollArea(parent) {
 // ---------------------------------------------------------------------------------------------
 
 void TextView::setBuffer(const TextBuffer& buffer) {
-    const auto change = TextBuffer::difference(this->buffer(), buffer);
     m_history.clear();
+    if (buffer.isSharedWith(this->buffer())) {
+        return;
+    }
+    const auto before = this->buffer();
+    const auto change = TextBuffer::difference(before, buffer);
     m_composition = {};
     m_rows.setOtherText(buffer);
     const auto position = std::min(m_selection.caret, buffer.length());
     m_selection = valid(TextSelection::at(position));
     bufferChanged(change);
+    tellOfChange(before, change);
     updateScrollBars();
     viewport()->update();
     Q_EMIT selectionChanged();
@@ -71,7 +76,8 @@ void TextView::replaceAll(const TextBuffer& buffer) {
         return;
     }
     m_history.record(state(), UndoHistory::Edit::other);
-    present(buffer, TextBuffer::difference(this->buffer(), buffer), TextSelection::at(0), Scrolling::toCaret);
+    present(buffer, TextBuffer::difference(this->buffer(), buffer), TextSelection::at(0));
+    Q_EMIT selectionChanged();
 }
 
 void TextView::replace(TextRange range, std::u16string_view text) {
@@ -94,38 +100,47 @@ void TextView::edit(TextRange range, std::u16string_view text, TextSelection sel
     auto changed = buffer();
     changed.replace(range, text);
     present(changed, {.location = range.location, .removed = range.length, .inserted = text.size()},
-            selection, Scrolling::toCaret);
+            selection);
     Q_EMIT textEdited();
-}
-
-void TextView::present(const TextBuffer& buffer, const TextChange& change, TextSelection selection,
-                       Scrolling scrolling) {
-    m_rows.setText(buffer, change);
-    m_selection = valid(selection);
-    m_wantedX.reset();
-    bufferChanged(change);
-    updateScrollBars();
-    if (scrolling == Scrolling::toCaret) {
-        scrollToCaret();
-    }
-    m_blink.stir();
-    viewport()->update();
-    updateMicroFocus();
     Q_EMIT selectionChanged();
 }
 
-void TextView::bufferChanged(const TextChange& /*change*/) {
-    if (QAccessible::isActive()) {
-        QAccessibleEvent event(this, QAccessible::TextUpdated);
-        QAccessible::updateAccessibility(&event);
+void TextView::present(const TextBuffer& buffer, const TextChange& change, TextSelection selection) {
+    const auto before = this->buffer();
+    m_rows.setText(buffer, change);
+    m_selection = valid(selection);
+    m_composition = {};
+    m_wantedX.reset();
+    bufferChanged(change);
+    tellOfChange(before, change);
+    updateScrollBars();
+    scrollToCaret();
+    m_blink.stir();
+    viewport()->update();
+    updateMicroFocus();
+}
+
+void TextView::tellOfChange(const TextBuffer& before, const TextChange& change) {
+    if (!QAccessible::isActive()) {
+        return;
     }
+    // Nobody listens to more than that.
+    constexpr std::size_t kTold = 4096;
+    const auto told = [&](const TextBuffer& text, std::size_t length) {
+        return QString::fromStdU16String(
+            text.text({.location = change.location, .length = std::min(length, kTold)}));
+    };
+    QAccessibleTextUpdateEvent event(this, static_cast<int>(change.location), told(before, change.removed),
+                                     told(buffer(), change.inserted));
+    event.setCursorPosition(static_cast<int>(m_selection.caret));
+    QAccessible::updateAccessibility(&event);
 }
 
 void TextView::goTo(const std::optional<UndoHistory::State>& state) {
     if (state) {
-        present(state->text, TextBuffer::difference(buffer(), state->text), state->selection,
-                Scrolling::toCaret);
+        present(state->text, TextBuffer::difference(buffer(), state->text), state->selection);
         Q_EMIT textEdited();
+        Q_EMIT selectionChanged();
     }
 }
 
@@ -163,7 +178,10 @@ void TextView::select(TextSelection selection) {
     viewport()->update();
     updateMicroFocus();
     if (QAccessible::isActive()) {
-        QAccessibleTextCursorEvent event(this, static_cast<int>(m_selection.caret));
+        const auto range = m_selection.range();
+        QAccessibleTextSelectionEvent event(this, static_cast<int>(range.location),
+                                            static_cast<int>(range.end()));
+        event.setCursorPosition(static_cast<int>(m_selection.caret));
         QAccessible::updateAccessibility(&event);
     }
     Q_EMIT selectionChanged();
@@ -234,19 +252,23 @@ int TextView::textLeft() const {
 }
 
 void TextView::updateColumns() {
+    const auto before = columns();
     if (m_wraps) {
         // The place of the scroll bar is left free even while there is none: its coming and going breaks no
         // line anew.
         const auto left = textLeft() + horizontalScrollBar()->value();
         const auto right = std::max(ScrolledRows::kInset, style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-        const auto columns = std::floor((width() - left - right) / m_cellWidth);
-        m_rows.setColumns(std::max(kFewestColumns, static_cast<std::size_t>(std::max(columns, 0.0))));
+        const auto fitting = std::floor((width() - left - right) / m_cellWidth);
+        m_rows.setColumns(std::max(kFewestColumns, static_cast<std::size_t>(std::max(fitting, 0.0))));
     } else {
         m_rows.setColumns(kUnwrappedColumns);
     }
     m_rows.setViewHeight(viewport()->height());
     updateScrollBars();
     viewport()->update();
+    if (columns() != before) {
+        Q_EMIT columnsChanged(columns());
+    }
 }
 
 void TextView::setWrapsLines(bool wraps) {

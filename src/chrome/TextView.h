@@ -69,6 +69,8 @@ public:
     // are longer than any screen is wide still break.
     [[nodiscard]] bool wrapsLines() const { return m_wraps; }
     void setWrapsLines(bool wraps);
+    // How many cells fit a row.
+    [[nodiscard]] std::size_t columns() const { return m_rows.layout().columns(); }
 
     // Steps of a pixel of the type's size; 0 is the size that the theme has.
     [[nodiscard]] int zoom() const { return m_zoom; }
@@ -78,6 +80,9 @@ public:
     // scrolls so that the line is at that height, as far as the ends of the text allow.
     [[nodiscard]] double lineAt(double height) const;
     void scrollToLine(double line, double height);
+
+    // Whether all rows are counted. Until then the scroll bar stands where it will be, more or less.
+    [[nodiscard]] bool isLaidOut() const { return m_rows.layout().isSettled(); }
 
     // In the viewport.
     [[nodiscard]] std::size_t positionAt(QPointF point) const;
@@ -105,6 +110,7 @@ Q_SIGNALS:
     void scrolled();
     void focusChanged(bool hasFocus);
     void zoomChanged(int steps);
+    void columnsChanged(std::size_t columns);
 
 protected:
     // Paint under or around a stretch of a row; invalid colours paint nothing.
@@ -125,7 +131,7 @@ protected:
     [[nodiscard]] virtual int gutterWidth() const { return 0; }
     virtual void paintGutter(QPainter& painter, const RowLayout::Row& row, const QRect& rect);
     // The text has changed already.
-    virtual void bufferChanged(const TextChange& change);
+    virtual void bufferChanged(const TextChange& /*change*/) {}
     // Keys whose meaning depends on the kind of text.
     virtual void insertLineBreak();
     virtual void insertTab();
@@ -163,8 +169,6 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    enum class Scrolling : std::uint8_t { no, toCaret };
-
     struct Composition {
         QString text;
         RowText::Formats formats;
@@ -173,8 +177,8 @@ private:
     };
 
     // Text and selection
-    void present(const TextBuffer& buffer, const TextChange& change, TextSelection selection,
-                 Scrolling scrolling);
+    void present(const TextBuffer& buffer, const TextChange& change, TextSelection selection);
+    void tellOfChange(const TextBuffer& before, const TextChange& change);
     void goTo(const std::optional<UndoHistory::State>& state);
     [[nodiscard]] UndoHistory::State state() const { return {.text = buffer(), .selection = m_selection}; }
     [[nodiscard]] TextSelection valid(TextSelection selection) const;
@@ -185,6 +189,8 @@ private:
     [[nodiscard]] std::size_t rowEnd() const;
     void deleteTo(std::size_t position, UndoHistory::Edit kind);
     void type(const QString& text);
+    // The text around the caret that input methods are told of.
+    [[nodiscard]] TextRange surroundings() const;
     [[nodiscard]] bool handleMove(const QKeyEvent& event);
     [[nodiscard]] bool handleEditing(const QKeyEvent& event);
     [[nodiscard]] bool handleCommand(const QKeyEvent& event);

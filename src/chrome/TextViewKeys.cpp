@@ -1,4 +1,4 @@
-// What a text view does with keys, input methods and the clipboard.
+// What a text view does with keys and the clipboard.
 #include "chrome/TextMimeData.h"
 #include "chrome/TextView.h"
 
@@ -7,7 +7,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
 
@@ -17,9 +16,6 @@
 namespace tarnquill {
 
 namespace {
-
-// How much of a line input methods are shown around the caret.
-constexpr std::size_t kInputMethodContext = 512;
 
 constexpr std::array kEditingKeys{QKeySequence::Undo,
                                   QKeySequence::Redo,
@@ -251,6 +247,8 @@ bool TextView::handleEditing(const QKeyEvent& event) {
     } else if (event.matches(QKeySequence::DeleteEndOfLine)) {
         const auto end = TextNavigation::lineEnd(text, text.lineAt(caret));
         deleteTo(caret == end ? TextNavigation::nextCharacter(text, caret) : end, Edit::other);
+    } else if (event.matches(QKeySequence::DeleteCompleteLine)) {
+        edit(text.fullLineRange(text.lineAt(caret)), {});
     } else if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && plain) {
         insertLineBreak();
     } else if (event.key() == Qt::Key_Tab && plain) {
@@ -316,79 +314,6 @@ void TextView::paste() {
     }
 }
 
-// --- input methods
-// --------------------------------------------------------------------------------------------------
-
-void TextView::inputMethodEvent(QInputMethodEvent* event) {
-    if (m_readOnly) {
-        event->ignore();
-        return;
-    }
-    if (!event->commitString().isEmpty() || event->replacementLength() > 0) {
-        auto range = m_selection.range();
-        if (event->replacementLength() > 0) {
-            const auto from = static_cast<std::ptrdiff_t>(m_selection.caret) + event->replacementStart();
-            range.location = static_cast<std::size_t>(std::max<std::ptrdiff_t>(from, 0));
-            range.length = std::min(static_cast<std::size_t>(event->replacementLength()),
-                                    buffer().length() - std::min(range.location, buffer().length()));
-        }
-        m_composition = {};
-        edit(range, event->commitString().toStdU16String(), UndoHistory::Edit::typing);
-    } else if (!event->preeditString().isEmpty() && !m_selection.isEmpty()) {
-        deleteSelection();
-    }
-    m_composition = {.text = event->preeditString(),
-                     .formats = {},
-                     .caret = static_cast<int>(event->preeditString().size()),
-                     .caretShown = true};
-    for (const auto& attribute : event->attributes()) {
-        if (attribute.type == QInputMethodEvent::Cursor) {
-            m_composition.caret = attribute.start;
-            m_composition.caretShown = attribute.length != 0;
-        } else if (attribute.type == QInputMethodEvent::TextFormat) {
-            QTextLayout::FormatRange format;
-            format.start = attribute.start;
-            format.length = attribute.length;
-            format.format = attribute.value.value<QTextFormat>().toCharFormat();
-            m_composition.formats.append(format);
-        } else if (attribute.type == QInputMethodEvent::Selection) {
-            const auto start = buffer().lineStart(buffer().lineAt(m_selection.caret));
-            setSelection(
-                {.anchor = start + static_cast<std::size_t>(std::max(attribute.start, 0)),
-                 .caret = start + static_cast<std::size_t>(std::max(attribute.start + attribute.length, 0))});
-        }
-    }
-    scrollToCaret();
-    viewport()->update();
-    event->accept();
-}
-
-QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
-    const auto line = buffer().lineAt(m_selection.caret);
-    const auto lineStart = buffer().lineStart(line);
-    const auto lineEnd = TextNavigation::lineEnd(buffer(), line);
-    const auto caret = m_selection.caret;
-    const auto start = caret - std::min(caret - lineStart, kInputMethodContext);
-    const auto end = caret + std::min(lineEnd - std::min(lineEnd, caret), kInputMethodContext);
-    switch (query) {
-    case Qt::ImCursorRectangle:
-        return caretRect(caret).translated(viewport()->pos());
-    case Qt::ImFont:
-        return m_font;
-    case Qt::ImCursorPosition:
-        return static_cast<int>(caret - start);
-    case Qt::ImAnchorPosition:
-        return static_cast<int>(std::clamp(m_selection.anchor, start, end) - start);
-    case Qt::ImSurroundingText:
-        return QString::fromStdU16String(buffer().text({.location = start, .length = end - start}));
-    case Qt::ImCurrentSelection:
-        return QString::fromStdU16String(buffer().text(
-            {.location = selection().location, .length = std::min(selection().length, kInputMethodContext)}));
-    default:
-        return QAbstractScrollArea::inputMethodQuery(query);
-    }
-}
-
 void TextView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     m_blink.start();
@@ -399,6 +324,7 @@ void TextView::focusInEvent(QFocusEvent* event) {
 void TextView::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     m_blink.stop();
+    m_composition = {};
     viewport()->update();
     Q_EMIT focusChanged(false);
 }

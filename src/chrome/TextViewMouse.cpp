@@ -211,6 +211,10 @@ void TextView::wheelEvent(QWheelEvent* event) {
 }
 
 void TextView::contextMenuEvent(QContextMenuEvent* event) {
+    const auto fromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    if (!fromKeyboard && !isSelectedAt(event->pos())) {
+        setSelection(TextSelection::at(positionAt(event->pos())));
+    }
     QMenu menu(this);
     const auto add = [&](const QString& title, auto key, void (TextView::*slot)(), bool enabled) {
         auto* const action = menu.addAction(title, this, slot);
@@ -233,7 +237,6 @@ void TextView::contextMenuEvent(QContextMenuEvent* event) {
     }
     menu.addSeparator();
     add(tr("Select All"), QKeySequence::SelectAll, &TextView::selectAll, !buffer().isEmpty());
-    const auto fromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     menu.exec(fromKeyboard ? viewport()->mapToGlobal(caretRect(m_selection.caret).bottomLeft().toPoint())
                            : event->globalPos());
 }

@@ -58,12 +58,10 @@ RowText TextView::rowText(const RowLayout::Row& row, const RowText::Formats& for
                    .text = m_composition.text,
                    .formats = m_composition.formats};
     }
-    return {text,
-            m_font,
-            static_cast<double>(TextCells::kTabStop) * m_cellWidth,
-            formats,
-            themeColor(ColorRole::warnText),
-            preedit};
+    QTextCharFormat standIn;
+    standIn.setForeground(themeColor(ColorRole::warnText));
+    standIn.setBackground(themeColor(ColorRole::warnTint));
+    return {text, m_font, static_cast<double>(TextCells::kTabStop) * m_cellWidth, formats, standIn, preedit};
 }
 
 double TextView::caretX(const RowLayout::Row& row, const RowText& text, std::size_t position) const {

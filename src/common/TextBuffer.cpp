@@ -232,10 +232,18 @@ std::size_t TextBuffer::lineStart(std::size_t line) const {
     return piece.start + piece.chunk->lineFeeds[line - piece.firstLine - 1] + 1;
 }
 
-TextRange TextBuffer::lineRange(std::size_t line) const {
+TextRange TextBuffer::fullLineRange(std::size_t line) const {
     const auto start = lineStart(line);
-    const auto end = line + 1 < lineCount() ? lineStart(line + 1) - 1 : length();
+    const auto end = line + 1 < lineCount() ? lineStart(line + 1) : length();
     return {.location = start, .length = end - start};
+}
+
+TextRange TextBuffer::lineRange(std::size_t line) const {
+    auto range = fullLineRange(line);
+    if (line + 1 < lineCount()) {
+        --range.length;
+    }
+    return range;
 }
 
 char16_t TextBuffer::unitAt(std::size_t position) const {
@@ -296,8 +304,7 @@ void TextBuffer::replace(TextRange range, std::u16string_view inserted) {
         --last;
     }
     const auto head = range.location - lineStart(lineAt(range.location));
-    const auto lastLine = lineAt(range.end());
-    const auto tailEnd = lastLine + 1 < lineCount() ? lineStart(lastLine + 1) : length();
+    const auto tailEnd = fullLineRange(lineAt(range.end())).end();
     const auto tail = tailEnd - range.end();
     const auto firstFeed = inserted.find(u'\n');
     const auto lastFeed = inserted.rfind(u'\n');

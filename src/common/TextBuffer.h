@@ -67,8 +67,9 @@ public:
     // The line that holds the position; one after a line feed belongs to the next line.
     [[nodiscard]] std::size_t lineAt(std::size_t position) const;
     [[nodiscard]] std::size_t lineStart(std::size_t line) const;
-    // The line without its line feed.
+    // The line without its line feed, and with it.
     [[nodiscard]] TextRange lineRange(std::size_t line) const;
+    [[nodiscard]] TextRange fullLineRange(std::size_t line) const;
 
     [[nodiscard]] char16_t unitAt(std::size_t position) const;
     [[nodiscard]] std::u16string text() const;
