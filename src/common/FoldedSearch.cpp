@@ -243,7 +243,7 @@ FoldedSearch::FoldedSearch(std::u16string_view query) {
 
 std::vector<TextRange> FoldedSearch::matches(std::u16string_view text, const std::stop_token& stop) const {
     // Small enough to stay in the processor's cache between being folded and being searched.
-    constexpr std::size_t kWindowLength = 16 * 1024;
+    constexpr std::size_t kWindowLength = 16'384;
 
     std::vector<TextRange> found;
     if (m_query.empty()) {

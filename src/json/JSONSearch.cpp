@@ -19,11 +19,18 @@ struct ScopeTexts {
 constexpr std::array<ScopeTexts, kScopes.size()> kScopeTexts{
     {{"all", "All text"}, {"keys", "Keys"}, {"values", "Values"}}};
 
-constexpr auto isDigit = [](auto unit) { return (unit >= u'0') & (unit <= u'9'); };
-constexpr auto isLetter = [](auto unit) { return ((unit | u' ') >= u'a') & ((unit | u' ') <= u'z'); };
-constexpr auto isTokenStart = [](auto unit) {
+// Of a unit or of a block of them.
+constexpr auto isDigit(auto unit) {
+    return (unit >= u'0') & (unit <= u'9');
+}
+
+constexpr auto isLetter(auto unit) {
+    return ((unit | u' ') >= u'a') & ((unit | u' ') <= u'z');
+}
+
+constexpr auto isTokenStart(auto unit) {
     return (unit == u'"') | (unit == u'-') | isDigit(unit) | isLetter(unit);
-};
+}
 
 constexpr bool isNumberPart(char16_t unit) {
     return isDigit(unit) || unit == u'.' || unit == u'+' || unit == u'-' || unit == u'e' || unit == u'E';
@@ -44,7 +51,7 @@ public:
 
     std::optional<Token> next() {
         while (true) {
-            const auto start = findUnit(m_text, m_position, isTokenStart);
+            const auto start = findUnit(m_text, m_position, [](auto unit) { return isTokenStart(unit); });
             m_position = start;
             if (start == m_text.size()) {
                 return std::nullopt;
@@ -58,7 +65,7 @@ public:
                 skipAll(isNumberPart);
                 return token(start, Token::Kind::value);
             }
-            skipAll(isLetter);
+            skipAll(isLetter<char16_t>);
             const auto word = m_text.substr(start, m_position - start);
             if (word == u"true" || word == u"false" || word == u"null") {
                 return token(start, Token::Kind::value);

@@ -34,8 +34,6 @@ constexpr bool isLetterOrUnderscore(char16_t unit) {
     return (lower >= u'a' && lower <= u'z') || unit == u'_';
 }
 
-constexpr auto isQuote = [](auto unit) { return unit == u'"'; };
-
 bool isWhiteSpace(char16_t unit) {
     const auto isASCII = unit < 0x80;
     return isASCII ? unit == u' ' || (unit >= u'\t' && unit <= u'\r') : u_isUWhiteSpace(unit) != 0;
@@ -58,6 +56,10 @@ public:
     }
 
 private:
+    [[nodiscard]] std::size_t findQuote(std::size_t start) const {
+        return findUnit(m_text, start, [](auto unit) { return unit == u'"'; });
+    }
+
     // A quotation mark's counterpart, or how far the search for one came. There is no closing mark for any
     // other mark up to there either: each is the second half of an escape, from where the search goes on the
     // same way.
@@ -119,14 +121,14 @@ Scanner::StringEnd Scanner::stringEnd(std::size_t quote, LineFeeds lineFeeds) co
 
 void Scanner::paintStringsAndTheRest() {
     std::size_t restStart = 0;
-    for (auto quote = findUnit(m_text, 0, isQuote); quote < m_text.size();) {
+    for (auto quote = findQuote(0); quote < m_text.size();) {
         const auto end = stringEnd(quote, LineFeeds::allowed);
         if (end.isClosed) {
             paintBetweenStrings(restStart, quote);
             paint(quote, end.position, Token::string);
             restStart = end.position;
         }
-        quote = findUnit(m_text, end.position, isQuote);
+        quote = findQuote(end.position);
     }
     paintBetweenStrings(restStart, m_text.size());
 }
@@ -134,7 +136,7 @@ void Scanner::paintStringsAndTheRest() {
 // A match of the key rule may begin at any quotation mark outside of the match before, also at one that
 // closes a string, and then it ends where the next string begins.
 void Scanner::paintKeys() {
-    for (auto quote = findUnit(m_text, 0, isQuote); quote < m_text.size();) {
+    for (auto quote = findQuote(0); quote < m_text.size();) {
         const auto end = stringEnd(quote, LineFeeds::refused);
         auto next = end.position;
         if (end.isClosed && isBeforeColon(end.position)) {
@@ -142,7 +144,7 @@ void Scanner::paintKeys() {
         } else if (end.isClosed) {
             --next;
         }
-        quote = findUnit(m_text, next, isQuote);
+        quote = findQuote(next);
     }
 }
 

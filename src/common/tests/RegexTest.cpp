@@ -62,6 +62,7 @@ TEST(Regex, ServesSeveralThreadsAtOnce) {
     std::vector<std::size_t> counts(4);
     {
         std::vector<std::jthread> threads;
+        threads.reserve(counts.size());
         for (auto& count : counts) {
             threads.emplace_back([&] { count = ranges(pattern, text).size(); });
         }
