@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <optional>
 #include <system_error>
@@ -22,6 +23,25 @@ constexpr std::int64_t kLeastExponentNotWritten = -4;
 
 constexpr bool isDigit(char character) {
     return character >= '0' && character <= '9';
+}
+
+std::uint64_t eightBytes(const char* start) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, start, sizeof bytes);
+    return bytes;
+}
+
+bool hasExponent(std::string_view literal) {
+    constexpr std::uint64_t kBitOfLetters = 0x4040'4040'4040'4040; // which no digit, sign or point has
+    constexpr std::size_t kStep = sizeof kBitOfLetters;
+    if (literal.size() < kStep) {
+        return literal.find_first_of("eE") != std::string_view::npos;
+    }
+    auto bits = eightBytes(literal.data() + literal.size() - kStep);
+    for (std::size_t i = 0; i + kStep < literal.size(); i += kStep) {
+        bits |= eightBytes(literal.data() + i);
+    }
+    return (bits & kBitOfLetters) != 0;
 }
 
 // Stops growing far beyond every exponent that matters, so that no literal overflows it.
@@ -177,22 +197,20 @@ bool overflows(std::string_view literal) {
 }
 
 bool isPlain(std::string_view literal) {
-    if (literal.starts_with('-')) {
-        literal.remove_prefix(1);
+    const std::size_t start = literal.front() == '-' ? 1 : 0;
+    auto point = start;
+    while (point < literal.size() && isDigit(literal[point])) {
+        ++point;
     }
-    std::size_t whole = 0;
-    while (whole < literal.size() && isDigit(literal[whole])) {
-        ++whole;
-    }
-    if (whole >= literal.size() || literal[whole] != '.' || whole > kFirstExponentWritten) {
+    const auto fraction = point + 1;
+    if (fraction >= literal.size() || literal[point] != '.' || point - start > kFirstExponentWritten) {
         return false;
     }
-    const auto fraction = literal.substr(whole + 1);
-    if (!std::ranges::all_of(fraction, isDigit)) {
+    if (hasExponent(literal)) {
         return false;
     }
-    const bool isSmall = literal[0] == '0' && fraction.starts_with("0000");
-    return !isSmall && (fraction.back() != '0' || fraction.size() == 1);
+    const bool isSmall = literal[start] == '0' && literal.substr(fraction, 4) == "0000";
+    return !isSmall && (literal.back() != '0' || fraction + 1 == literal.size());
 }
 
 std::string_view printed(std::string_view literal, Buffer& buffer) {

@@ -10,7 +10,6 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -30,9 +29,8 @@ public:
 
     explicit RepeatedKeys(const JSONTape& tape) : m_tape(tape) {}
 
-    void add(std::size_t word) {
-        const auto hash = m_hash(m_tape.text(word));
-        m_entries.push_back((hash & ~kWordMask) | word);
+    void add(std::size_t word, std::string_view key) {
+        m_entries.push_back((m_hash(key) & ~kWordMask) | word);
     }
 
     [[nodiscard]] std::size_t size() const { return m_entries.size(); }
@@ -140,7 +138,8 @@ public:
 
     bool on_key_part(json::string_view part, std::size_t, json::error_code&) { return decode(part); }
     bool on_key(json::string_view part, std::size_t size, json::error_code&) {
-        m_keys.add(addText(part, size));
+        const auto word = addText(part, size);
+        m_keys.add(word, part.size() == size ? std::string_view(part.data(), size) : m_tape.text(word));
         return true;
     }
     bool on_string_part(json::string_view part, std::size_t, json::error_code&) { return decode(part); }
@@ -193,14 +192,9 @@ private:
         return true;
     }
 
+    // At most the size of what is parsed for a part of it, and more for anything else.
     [[nodiscard]] std::size_t offsetOf(json::string_view part) const {
-        return static_cast<std::size_t>(part.data() - m_parsed.data());
-    }
-
-    [[nodiscard]] bool isInParsed(json::string_view part) const {
-        constexpr std::less_equal<const char*> kNotAfter;
-        return kNotAfter(m_parsed.data(), part.data()) &&
-               kNotAfter(part.data(), m_parsed.data() + m_parsed.size());
+        return std::bit_cast<std::uintptr_t>(part.data()) - std::bit_cast<std::uintptr_t>(m_parsed.data());
     }
 
     bool decode(json::string_view part) {
@@ -208,10 +202,10 @@ private:
         return true;
     }
 
-    // The parser hands over a text without escapes as one part of what it parses, another one part by part.
+    // The parser hands over a text without escapes as a part of what it parses, and any other piece by piece.
     std::size_t addText(json::string_view lastPart, std::size_t size) {
-        if (lastPart.size() == size && isInParsed(lastPart)) {
-            return m_tape.append(JSONTape::Tag::text, offsetOf(lastPart), size);
+        if (const auto offset = offsetOf(lastPart); offset <= m_parsed.size()) {
+            return m_tape.append(JSONTape::Tag::text, offset - 1, size + 2);
         }
         decode(lastPart);
         return m_tape.append(JSONTape::Tag::decodedText, m_tape.decoded.size() - size, size);

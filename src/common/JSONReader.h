@@ -22,6 +22,9 @@ public:
 
     [[nodiscard]] JSONValue root() const { return {m_tape, 0}; }
 
+    // What the literals are views into.
+    [[nodiscard]] std::string_view source() const { return m_tape.source(); }
+
     // Of members with the same key the last one's value stays, at the place of the first; the others are
     // dropped.
     [[nodiscard]] std::size_t droppedDuplicates() const { return m_droppedDuplicates; }

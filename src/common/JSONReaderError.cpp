@@ -274,7 +274,7 @@ Error errorInText(std::string_view source, const Context& context, std::size_t o
     }
     if (offset >= source.size()) {
         return unexpected(source, offset,
-                          "the text " + atPlace(placeOf(source, *context.text)) +
+                          "the string " + atPlace(placeOf(source, *context.text)) +
                               " has no closing quotation mark");
     }
     return unexpected(source, offset, "inside quotation marks it is written as an escape");
@@ -352,7 +352,7 @@ std::string_view valueHint(std::string_view source, const Context& context, std:
     }
     switch (character) {
     case '\'':
-        return "a text stands in double quotation marks";
+        return "a string stands in double quotation marks";
     case '/':
     case '#':
         return "JSON has no comments";

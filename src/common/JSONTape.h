@@ -1,12 +1,9 @@
 // The storage behind a JSON document: one word of eight bytes for each value and each key, in source order.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,8 +11,9 @@
 
 namespace tarnquill {
 
-// An array word is followed by its elements, an object word by its members, each a key and a value. Texts and
-// numbers are positions in the source, or in `decoded` for a text that was written with escapes.
+// An array word is followed by its elements, an object word by its members, each a key and a value. Texts
+// (with their quotation marks) and numbers are positions in the source, texts that were written with escapes
+// are positions in `decoded` (without).
 //
 // When a key occurs again, nothing moves: the first member's value becomes an `alias` of the last one's, and
 // what has thereby become unreachable is jumped over by a `gap` that stands where a key would.
@@ -26,11 +24,11 @@ public:
         isFalse,
         isTrue,
         plainNumber,  // prints as it is written
+        text,         // without escapes: prints as it is written
         shapedNumber, // may print in another form
-        text,
-        decodedText,
-        alias, // position: the word of the value
-        gap,   // position: the next word that counts
+        decodedText,  // written with escapes
+        alias,        // position: the word of the value
+        gap,          // position: the next word that counts
         array, // position: the word after the last one of the container; length: its elements or members
         object,
     };
@@ -38,7 +36,9 @@ public:
     static constexpr std::size_t kPositionBits = 36;
     static constexpr std::size_t kLargestPosition = (std::size_t{1} << kPositionBits) - 1;
 
-    explicit JSONTape(std::string_view source) : m_source(source.data()) {}
+    explicit JSONTape(std::string_view source) : m_source(source) {}
+
+    [[nodiscard]] std::string_view source() const { return m_source; }
 
     [[nodiscard]] std::size_t size() const { return m_size; }
     [[nodiscard]] Tag tag(std::size_t index) const { return static_cast<Tag>(m_words[index] >> 60); }
@@ -54,10 +54,17 @@ public:
         return tag(index) >= Tag::array ? position(index) : index + 1;
     }
 
-    // The characters of a text or a number.
+    // A number or a text without escapes, as it stands in the source.
+    [[nodiscard]] std::string_view literal(std::size_t index) const {
+        return {m_source.data() + position(index), length(index)};
+    }
+
+    // The characters of a text.
     [[nodiscard]] std::string_view text(std::size_t index) const {
-        const auto* base = tag(index) == Tag::decodedText ? decoded.data() : m_source;
-        return {base + position(index), length(index)};
+        if (tag(index) == Tag::decodedText) {
+            return {decoded.data() + position(index), length(index)};
+        }
+        return {m_source.data() + position(index) + 1, length(index) - 2};
     }
 
     std::size_t append(Tag tag, std::size_t position = 0, std::size_t length = 0) {
@@ -79,10 +86,6 @@ public:
     std::string decoded;
 
 private:
-    struct Free {
-        void operator()(std::uint64_t* words) const { std::free(words); }
-    };
-
     // The longest length that a word has room for; longer ones, of which a document holds few, stand apart.
     static constexpr std::size_t kLongLength = (std::size_t{1} << (60 - kPositionBits)) - 1;
 
@@ -95,21 +98,10 @@ private:
         return 0;
     }
 
-    // By realloc, which moves the pages of a large block instead of copying it.
-    void grow() {
-        const auto capacity = m_capacity == 0 ? 64 : m_capacity * 2;
-        auto* words = static_cast<std::uint64_t*>(std::realloc(
-            m_words.get(), capacity * sizeof(std::uint64_t))); // NOLINT(bugprone-suspicious-realloc-usage)
-        if (words == nullptr) {
-            throw std::bad_alloc();
-        }
-        static_cast<void>(m_words.release());
-        m_words.reset(words);
-        m_capacity = capacity;
-    }
+    void grow();
 
-    const char* m_source;
-    std::unique_ptr<std::uint64_t[], Free> m_words;
+    std::string_view m_source;
+    std::unique_ptr<std::uint64_t[]> m_words;
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
     std::vector<std::pair<std::size_t, std::size_t>> m_longLengths;

@@ -27,7 +27,7 @@ std::optional<double> JSONValue::asDouble() const {
 
 std::optional<JSONValue> JSONValue::find(std::string_view key) const {
     for (const auto& member : members()) {
-        if (member.key == key) {
+        if (member.key.text() == key) {
             return member.value;
         }
     }

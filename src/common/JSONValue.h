@@ -32,13 +32,15 @@ public:
 
     // The characters of a text, escapes resolved. Nothing but a text has any.
     [[nodiscard]] std::string_view text() const;
-    // Whether the text was written with escapes. One that was not needs none.
-    [[nodiscard]] bool hasEscapes() const { return tag() == JSONTape::Tag::decodedText; }
 
-    // A number's literal, as written.
-    [[nodiscard]] std::string_view literal() const { return m_tape->text(m_index); }
-    // Whether the literal is known to be the form in which a formatter prints the number.
-    [[nodiscard]] bool printsAsWritten() const { return tag() == JSONTape::Tag::plainNumber; }
+    // A number, or a text that was written without escapes, as it stands in the source, quotation marks
+    // included.
+    [[nodiscard]] std::string_view literal() const { return m_tape->literal(m_index); }
+    // Whether the literal is known to be the form in which a formatter prints the value. True for every text
+    // without escapes, and for numbers in their usual form.
+    [[nodiscard]] bool printsAsWritten() const {
+        return tag() == JSONTape::Tag::plainNumber || tag() == JSONTape::Tag::text;
+    }
     // The number, when it is written as an integer and fits.
     [[nodiscard]] std::optional<std::int64_t> asInteger() const;
     // The nearest double of a number. It is finite: the reader refuses what is not.
@@ -60,9 +62,8 @@ private:
 };
 
 struct JSONMember {
-    std::string_view key;
+    JSONValue key; // a text
     JSONValue value;
-    bool keyHasEscapes; // as JSONValue::hasEscapes()
 };
 
 class JSONValue::Elements {
@@ -119,9 +120,7 @@ public:
         JSONMember operator*() const {
             const auto next = m_index + 1;
             const auto value = m_tape->tag(next) == JSONTape::Tag::alias ? m_tape->position(next) : next;
-            return {.key = m_tape->text(m_index),
-                    .value = {*m_tape, value},
-                    .keyHasEscapes = m_tape->tag(m_index) == JSONTape::Tag::decodedText};
+            return {.key = {*m_tape, m_index}, .value = {*m_tape, value}};
         }
         Iterator& operator++() {
             m_index = m_tape->end(m_index + 1);

@@ -7,7 +7,7 @@
 namespace tarnquill {
 
 // An empty string with room for so many bytes. A large one is backed by large pages where the system has
-// them: touching fresh memory page by page costs more than most conversions.
+// them.
 [[nodiscard]] std::string stringWithRoomFor(std::size_t capacity);
 
 } // namespace tarnquill

@@ -1,16 +1,22 @@
 #include "json/JSONFormatter.h"
 
 #include "common/JSONReader.h"
+#include "common/LargeString.h"
 #include "common/WhiteSpace.h"
 #include "json/JSONWriter.h"
 #include "json/WideEncodings.h"
 
+#include <future>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace tarnquill::JSONFormatter {
 
 namespace {
+
+// The size from which a text takes longer to write than a thread takes to start.
+constexpr std::size_t kWorthAThread = std::size_t{1} << 20;
 
 struct Parsed {
     std::unique_ptr<const std::string> source; // unless it is the text itself
@@ -73,12 +79,32 @@ Validation verdict(std::string_view text, const ParseResult& parsed) {
     return validation;
 }
 
-std::string written(JSONValue root, std::optional<Indent> indent, SortMode sortMode,
-                    std::size_t expectedSize) {
-    std::string text;
-    text.reserve(expectedSize);
-    JSONWriter(indent, sortMode, [&](std::string_view piece) { text += piece; }).write(root);
-    return text;
+// A collector of pieces. Large texts grow here, because a string that grows by itself knows nothing of large
+// pages.
+class Text {
+public:
+    explicit Text(std::size_t expectedSize) : m_text(stringWithRoomFor(expectedSize)) {}
+
+    void operator()(std::string_view piece) {
+        if (piece.size() > m_text.capacity() - m_text.size()) {
+            auto larger = stringWithRoomFor((m_text.size() + piece.size()) * 2);
+            larger += m_text;
+            m_text = std::move(larger);
+        }
+        m_text += piece;
+    }
+
+    [[nodiscard]] std::string take() { return std::move(m_text); }
+
+private:
+    std::string m_text;
+};
+
+std::string written(const JSONDocument& document, std::optional<Indent> indent, SortMode sortMode) {
+    const auto sourceSize = document.source().size();
+    Text text(indent ? sourceSize + sourceSize / 2 : sourceSize);
+    JSONWriter(document, indent, sortMode, std::ref(text)).write();
+    return text.take();
 }
 
 std::expected<void, FormatError> write(std::string_view text, std::optional<Indent> indent, SortMode sortMode,
@@ -87,18 +113,17 @@ std::expected<void, FormatError> write(std::string_view text, std::optional<Inde
     if (!parsed) {
         return std::unexpected(FormatError{parsed.error().message});
     }
-    JSONWriter(indent, sortMode, sink).write(parsed->document.root());
+    JSONWriter(parsed->document, indent, sortMode, sink).write();
     return {};
 }
 
 std::expected<std::string, FormatError> written(std::string_view text, std::optional<Indent> indent,
                                                 SortMode sortMode) {
-    std::string result;
-    const auto outcome = write(text, indent, sortMode, [&](std::string_view piece) { result += piece; });
-    if (!outcome) {
-        return std::unexpected(outcome.error());
+    const auto parsed = parse(text);
+    if (!parsed) {
+        return std::unexpected(FormatError{parsed.error().message});
     }
-    return result;
+    return written(parsed->document, indent, sortMode);
 }
 
 } // namespace
@@ -132,9 +157,11 @@ Outputs outputs(std::string_view text, Indent indent, SortMode sortMode) {
     const auto parsed = parse(text);
     Outputs outputs{.validation = verdict(text, parsed), .formatted = {}, .minified = {}};
     if (parsed) {
-        const auto root = parsed->document.root();
-        outputs.formatted = written(root, indent, sortMode, text.size());
-        outputs.minified = written(root, std::nullopt, sortMode, text.size());
+        const auto otherThread = std::launch::async | std::launch::deferred;
+        auto minified = std::async(text.size() < kWorthAThread ? std::launch::deferred : otherThread,
+                                   [&] { return written(parsed->document, std::nullopt, sortMode); });
+        outputs.formatted = written(parsed->document, indent, sortMode);
+        outputs.minified = minified.get();
     }
     return outputs;
 }

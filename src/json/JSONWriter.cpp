@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
+#include <span>
 
 namespace tarnquill {
 
@@ -14,6 +16,9 @@ using JSONFormatter::SortMode;
 
 // Small enough to stay in the processor's cache while it is filled and taken.
 constexpr std::size_t kBlockSize = std::size_t{128} << 10;
+// A copy of this fixed size is a few instructions, so short pieces are copied as one, whatever follows them.
+constexpr std::size_t kChunk = 32;
+constexpr std::size_t kSlack = 8 * kChunk;
 
 // For each byte the character after the backslash, 'u' for an escape by number, or 0 for a byte that stands
 // for itself.
@@ -36,179 +41,191 @@ char escapeOf(char byte) {
     return kEscapes[static_cast<unsigned char>(byte)];
 }
 
-} // namespace
-
-JSONWriter::JSONWriter(std::optional<JSONFormatter::Indent> indent, SortMode sortMode,
-                       const JSONFormatter::Sink& sink)
-    : m_indentUnit(indent ? indent->unit() : std::string()),
-      m_keySeparator(indent ? " : " : ":"),
-      m_hasLines(indent.has_value()),
-      m_sortMode(sortMode),
-      m_sink(sink),
-      m_block(std::make_unique_for_overwrite<char[]>(kBlockSize)) {}
-
-void JSONWriter::write(JSONValue root) {
-    writeValue(root, 0);
-    flush();
+char* putShort(char* next, std::string_view text) {
+    std::memcpy(next, text.data(), text.size());
+    return next + text.size();
 }
 
-void JSONWriter::writeValue(JSONValue value, std::size_t depth) {
-    switch (value.kind()) {
-    case JSONValue::Kind::null:
-        put("null");
-        break;
-    case JSONValue::Kind::boolean:
-        put(value.isTrue() ? "true" : "false");
-        break;
-    case JSONValue::Kind::number:
-        if (value.printsAsWritten()) {
-            put(value.literal());
-        } else {
-            JSONNumber::Buffer buffer;
-            put(JSONNumber::printed(value.literal(), buffer));
-        }
-        break;
-    case JSONValue::Kind::text:
-        writeText(value.text(), value.hasEscapes());
-        break;
-    case JSONValue::Kind::array:
-        writeArray(value, depth);
-        break;
-    case JSONValue::Kind::object:
-        writeObject(value, depth);
-        break;
+} // namespace
+
+JSONWriter::JSONWriter(const JSONDocument& document, std::optional<JSONFormatter::Indent> indent,
+                       SortMode sortMode, const JSONFormatter::Sink& sink)
+    : m_document(document),
+      m_indentUnit(indent ? indent->unit() : std::string()),
+      m_hasLines(indent.has_value()),
+      m_keySeparator(indent ? " : " : ":"),
+      m_sortMode(sortMode),
+      m_sink(sink),
+      m_lineStarts("\n"),
+      m_sourceEnd(document.source().data() + document.source().size()),
+      m_block(std::make_unique_for_overwrite<char[]>(kBlockSize + kSlack)),
+      m_full(m_block.get() + kBlockSize) {
+    while (m_lineStarts.size() < kChunk) {
+        m_lineStarts += m_indentUnit.empty() ? " " : m_indentUnit;
     }
 }
 
-void JSONWriter::writeArray(JSONValue array, std::size_t depth) {
+void JSONWriter::write() {
+    flush(writeValue(m_block.get(), m_document.root(), m_hasLines ? 1 : 0));
+}
+
+char* JSONWriter::writeValue(char* next, JSONValue value, std::size_t lineStart) {
+    if (value.printsAsWritten()) {
+        return putLiteral(next, value.literal());
+    }
+    switch (value.kind()) {
+    case JSONValue::Kind::array:
+        return writeArray(next, value, lineStart);
+    case JSONValue::Kind::object:
+        return writeObject(next, value, lineStart);
+    case JSONValue::Kind::text:
+        return writeEscaped(next, value.text());
+    case JSONValue::Kind::number:
+        return writeNumber(next, value.literal());
+    case JSONValue::Kind::boolean:
+        return value.isTrue() ? putShort(next, "true") : putShort(next, "false");
+    case JSONValue::Kind::null:
+        break;
+    }
+    return putShort(next, "null");
+}
+
+char* JSONWriter::writeArray(char* next, JSONValue array, std::size_t lineStart) {
     if (array.count() == 0) {
-        put("[]");
-        return;
+        return putShort(next, "[]");
     }
     char separator = '[';
     for (const auto element : array.elements()) {
-        put(separator);
-        writeLineStart(depth + 1);
-        writeValue(element, depth + 1);
+        *next++ = separator;
+        next = startLine(next, lineStart + m_indentUnit.size());
+        next = writeValue(next, element, lineStart + m_indentUnit.size());
         separator = ',';
     }
-    writeLineStart(depth);
-    put(']');
+    next = startLine(next, lineStart);
+    *next++ = ']';
+    return next;
 }
 
-void JSONWriter::writeObject(JSONValue object, std::size_t depth) {
+char* JSONWriter::writeObject(char* next, JSONValue object, std::size_t lineStart) {
     if (object.count() == 0) {
-        put("{}");
-        return;
+        return putShort(next, "{}");
     }
-    put('{');
     if (m_sortMode == SortMode::none) {
-        bool isFirst = true;
+        char separator = '{';
         for (const auto& member : object.members()) {
-            if (!isFirst) {
-                put(',');
-            }
-            writeMember(member, depth + 1);
-            isFirst = false;
+            *next++ = separator;
+            next = writeMember(next, member, lineStart + m_indentUnit.size());
+            separator = ',';
         }
     } else {
-        const auto first = m_sorted.size();
-        const auto members = object.members();
-        std::ranges::copy(members.begin(), members.end(), std::back_inserter(m_sorted));
-        const auto ownMembers = m_sorted.begin() + static_cast<std::ptrdiff_t>(first);
-        // Bytes of UTF-8 compare as the code points do.
-        if (m_sortMode == SortMode::ascending) {
-            std::ranges::sort(ownMembers, m_sorted.end(), std::ranges::less(), &JSONMember::key);
-        } else {
-            std::ranges::sort(ownMembers, m_sorted.end(), std::ranges::greater(), &JSONMember::key);
-        }
-        const auto end = m_sorted.size();
-        for (auto i = first; i < end; ++i) {
-            if (i > first) {
-                put(',');
-            }
-            writeMember(JSONMember(m_sorted[i]), depth + 1);
-        }
-        m_sorted.resize(first, m_sorted.front());
+        next = writeSortedMembers(next, object, lineStart + m_indentUnit.size());
     }
-    writeLineStart(depth);
-    put('}');
+    next = startLine(next, lineStart);
+    *next++ = '}';
+    return next;
 }
 
-void JSONWriter::writeMember(const JSONMember& member, std::size_t depth) {
-    writeLineStart(depth);
-    writeText(member.key, member.keyHasEscapes);
-    put(m_keySeparator);
-    writeValue(member.value, depth);
-}
-
-void JSONWriter::writeText(std::string_view text, bool mayNeedEscapes) {
-    put('"');
-    if (mayNeedEscapes) {
-        writeEscaped(text);
+char* JSONWriter::writeSortedMembers(char* next, JSONValue object, std::size_t lineStart) {
+    const auto first = m_sorted.size();
+    for (const auto& member : object.members()) {
+        m_sorted.push_back({.key = member.key.text(), .member = member});
+    }
+    const auto own = std::span(m_sorted).subspan(first);
+    // Bytes of UTF-8 compare as the code points do.
+    if (m_sortMode == SortMode::ascending) {
+        std::ranges::sort(own, std::ranges::less(), &SortedMember::key);
     } else {
-        put(text);
+        std::ranges::sort(own, std::ranges::greater(), &SortedMember::key);
     }
-    put('"');
+    char separator = '{';
+    const auto end = m_sorted.size();
+    for (auto i = first; i < end; ++i) {
+        *next++ = separator;
+        next = writeMember(next, JSONMember(m_sorted[i].member), lineStart);
+        separator = ',';
+    }
+    m_sorted.erase(m_sorted.begin() + static_cast<std::ptrdiff_t>(first), m_sorted.end());
+    return next;
 }
 
-void JSONWriter::writeEscaped(std::string_view text) {
+char* JSONWriter::writeMember(char* next, const JSONMember& member, std::size_t lineStart) {
+    next = startLine(next, lineStart);
+    next = writeValue(next, member.key, lineStart);
+    next = putShort(next, m_keySeparator);
+    return writeValue(next, member.value, lineStart);
+}
+
+char* JSONWriter::writeNumber(char* next, std::string_view literal) {
+    JSONNumber::Buffer buffer;
+    return put(next, JSONNumber::printed(literal, buffer));
+}
+
+char* JSONWriter::writeEscaped(char* next, std::string_view text) {
     constexpr std::string_view kHexDigits = "0123456789abcdef";
+    *next++ = '"';
     while (!text.empty()) {
         const auto special = std::ranges::find_if(text, escapeOf);
         const auto plain = static_cast<std::size_t>(special - text.begin());
-        put(text.substr(0, plain));
+        next = put(next, text.substr(0, plain));
         if (special == text.end()) {
-            return;
+            break;
         }
         const auto escape = escapeOf(*special);
-        put('\\');
-        put(escape);
+        *next++ = '\\';
+        *next++ = escape;
         if (escape == 'u') {
             const auto code = static_cast<std::size_t>(*special);
-            put("00");
-            put(kHexDigits[code / 16]);
-            put(kHexDigits[code % 16]);
+            next = putShort(next, "00");
+            *next++ = kHexDigits[code / 16];
+            *next++ = kHexDigits[code % 16];
         }
         text.remove_prefix(plain + 1);
     }
+    *next++ = '"';
+    return next;
 }
 
-void JSONWriter::writeLineStart(std::size_t depth) {
-    if (!m_hasLines) {
-        return;
+// The line feed and the indentation, of the given length together, and room for what follows.
+char* JSONWriter::startLine(char* next, std::size_t lineStart) {
+    if (next >= m_full) {
+        next = flush(next);
     }
-    const auto length = 1 + depth * m_indentUnit.size();
-    while (m_lineStart.size() < length) {
-        m_lineStart += m_indentUnit;
+    if (lineStart <= kChunk) {
+        std::memcpy(next, m_lineStarts.data(), kChunk);
+        return next + lineStart;
     }
-    put(std::string_view(m_lineStart).substr(0, length));
+    while (m_lineStarts.size() < lineStart) {
+        m_lineStarts += m_indentUnit;
+    }
+    return put(next, std::string_view(m_lineStarts).substr(0, lineStart));
 }
 
-void JSONWriter::put(std::string_view text) {
-    if (text.size() > kBlockSize - m_used) {
-        flush();
+char* JSONWriter::putLiteral(char* next, std::string_view literal) {
+    if (literal.size() > kChunk || m_sourceEnd - literal.data() < static_cast<std::ptrdiff_t>(kChunk)) {
+        return put(next, literal);
+    }
+    std::memcpy(next, literal.data(), kChunk);
+    return next + literal.size();
+}
+
+char* JSONWriter::put(char* next, std::string_view text) {
+    if (next + text.size() > m_full) {
+        next = flush(next);
         if (text.size() > kBlockSize) {
             m_sink(text);
-            return;
+            return next;
         }
     }
-    std::memcpy(m_block.get() + m_used, text.data(), text.size());
-    m_used += text.size();
+    std::memcpy(next, text.data(), text.size());
+    return next + text.size();
 }
 
-void JSONWriter::put(char character) {
-    if (m_used == kBlockSize) {
-        flush();
+char* JSONWriter::flush(const char* next) {
+    auto* start = m_block.get();
+    if (next > start) {
+        m_sink({start, next});
     }
-    m_block[m_used++] = character;
-}
-
-void JSONWriter::flush() {
-    if (m_used > 0) {
-        m_sink({m_block.get(), m_used});
-        m_used = 0;
-    }
+    return start;
 }
 
 } // namespace tarnquill

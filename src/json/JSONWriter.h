@@ -1,9 +1,10 @@
 // Writes a JSON value as text: in a layout with a member or an element a line, or with no white space at all.
 #pragma once
 
-#include "common/JSONValue.h"
+#include "common/JSONReader.h"
 #include "json/JSONFormatter.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,35 +15,46 @@ namespace tarnquill {
 
 class JSONWriter {
 public:
-    // Without an indentation the text has no white space. Call write() once.
-    JSONWriter(std::optional<JSONFormatter::Indent> indent, JSONFormatter::SortMode sortMode,
-               const JSONFormatter::Sink& sink);
+    // Without an indentation the text has no white space.
+    JSONWriter(const JSONDocument& document, std::optional<JSONFormatter::Indent> indent,
+               JSONFormatter::SortMode sortMode, const JSONFormatter::Sink& sink);
 
-    void write(JSONValue root);
+    void write();
 
 private:
-    void writeValue(JSONValue value, std::size_t depth);
-    void writeArray(JSONValue array, std::size_t depth);
-    void writeObject(JSONValue object, std::size_t depth);
-    void writeMember(const JSONMember& member, std::size_t depth);
-    void writeText(std::string_view text, bool mayNeedEscapes);
-    void writeEscaped(std::string_view text);
-    // The line feed and the indentation of a depth.
-    void writeLineStart(std::size_t depth);
+    struct SortedMember {
+        std::string_view key;
+        JSONMember member;
+    };
 
-    void put(std::string_view text);
-    void put(char character);
-    void flush();
+    // Each of these writes at `next`, in the block, and returns where to write on. It stays out of the
+    // members because every character that is written would make the compiler read them again.
+    //
+    // There always is kSlack of room, as what is long makes its own room and every line start renews it.
+    char* writeValue(char* next, JSONValue value, std::size_t lineStart);
+    char* writeArray(char* next, JSONValue array, std::size_t lineStart);
+    char* writeObject(char* next, JSONValue object, std::size_t lineStart);
+    char* writeSortedMembers(char* next, JSONValue object, std::size_t lineStart);
+    char* writeMember(char* next, const JSONMember& member, std::size_t lineStart);
+    char* writeNumber(char* next, std::string_view literal);
+    char* writeEscaped(char* next, std::string_view text);
+    char* startLine(char* next, std::size_t lineStart);
+    char* put(char* next, std::string_view text);
+    char* putLiteral(char* next, std::string_view literal);
+    char* flush(const char* next);
 
+    const JSONDocument& m_document;
     std::string m_indentUnit;
-    std::string_view m_keySeparator;
     bool m_hasLines;
+    std::string_view m_keySeparator;
     JSONFormatter::SortMode m_sortMode;
     const JSONFormatter::Sink& m_sink;
-    std::string m_lineStart = "\n";   // a line feed and the deepest indentation so far
-    std::vector<JSONMember> m_sorted; // the members of every object that is being written, the innermost last
+    std::string m_lineStarts; // a line feed and the deepest indentation so far, at least a chunk
+    std::vector<SortedMember>
+        m_sorted; // the members of every object that is being written, the innermost last
+    const char* m_sourceEnd;
     std::unique_ptr<char[]> m_block;
-    std::size_t m_used = 0;
+    const char* m_full; // from here on the block is to be flushed
 };
 
 } // namespace tarnquill
