@@ -27,12 +27,15 @@ set(chrome_symbols
     arrow-up
     arrow-up-down
     braces
+    calendar-clock
     check
     chevron-down
+    chevron-left
     chevron-right
     chevron-up
     circle-x
     clipboard-copy
+    clipboard-paste
     clock
     code-xml
     columns-3
@@ -75,7 +78,8 @@ set(chrome_symbols
     timer-reset
     trash-2
     triangle-alert
-    workflow)
+    workflow
+    x)
 set(chrome_symbol_folder "${PROJECT_SOURCE_DIR}/node_modules/lucide-static/icons")
 foreach(symbol IN LISTS chrome_symbols)
   set(file "${chrome_symbol_folder}/${symbol}.svg")

@@ -1,0 +1,59 @@
+#include "chrome/DataTable.h"
+
+#include "chrome/Painting.h"
+#include "chrome/TableCellDelegate.h"
+#include "chrome/TableHeader.h"
+
+namespace tarnquill {
+
+namespace {
+
+constexpr int kRowNumberWidth = 48;
+constexpr int kRowNumberPadding = 10;
+constexpr int kColumnMinimum = 48;
+
+} // namespace
+
+DataTable::DataTable(QWidget* parent) : QTableView(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    setItemDelegate(new TableCellDelegate(this));
+
+    auto* header = new TableHeader(this);
+    header->setMinimumSectionSize(kColumnMinimum);
+    header->setStretchLastSection(true);
+    setHorizontalHeader(header);
+
+    auto* numbers = new RowNumbers(this);
+    numbers->setDefaultSectionSize(kRowHeight);
+    numbers->setMinimumSectionSize(kRowHeight);
+    numbers->setSectionResizeMode(QHeaderView::Fixed);
+    numbers->setFixedWidth(kRowNumberWidth);
+    setVerticalHeader(numbers);
+}
+
+void DataTable::setModel(QAbstractItemModel* newModel) {
+    QTableView::setModel(newModel);
+    connect(newModel, &QAbstractItemModel::modelReset, this, &DataTable::fitRowNumbers);
+    fitRowNumbers();
+}
+
+QColor DataTable::rowColor(int row) {
+    const auto plain = themeColor(ColorRole::background);
+    return row % 2 == 0 ? plain : Painting::mix(plain, themeColor(ColorRole::raised), 0.55);
+}
+
+void DataTable::fitRowNumbers() {
+    const auto longest = model()->headerData(model()->rowCount() - 1, Qt::Vertical).toString();
+    const auto width = Painting::textWidth(longest, FontRole::note) + 2 * kRowNumberPadding;
+    verticalHeader()->setFixedWidth(std::max(kRowNumberWidth, width));
+}
+
+} // namespace tarnquill

@@ -1,0 +1,29 @@
+#include "chrome/TableCellDelegate.h"
+
+#include "chrome/DataTable.h"
+#include "chrome/Painting.h"
+
+namespace tarnquill {
+
+TableCellDelegate::Look TableCellDelegate::look(const QModelIndex& /*index*/) const {
+    return {};
+}
+
+void TableCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const {
+    const auto isSelected = option.state.testFlag(QStyle::State_Selected);
+    painter->fillRect(option.rect,
+                      isSelected ? themeColor(ColorRole::selectedRow) : DataTable::rowColor(index.row()));
+    painter->fillRect(option.rect.right(), option.rect.top(), 1, option.rect.height(),
+                      themeColor(ColorRole::hairline));
+    const auto cell = look(index);
+    Painting::text(*painter, option.rect.adjusted(kPadding, 0, -kPadding, 0), index.data().toString(),
+                   cell.font, themeColor(cell.color), cell.alignment | Qt::AlignVCenter);
+}
+
+QSize TableCellDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const {
+    return {Painting::textWidth(index.data().toString(), look(index).font) + 2 * kPadding + 1,
+            DataTable::kRowHeight};
+}
+
+} // namespace tarnquill
