@@ -38,7 +38,7 @@ AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings, 
     : QWidget(parent),
       m_catalogue(catalogue),
       m_settings(settings),
-      m_host(catalogue),
+      m_host(catalogue, settings),
       m_sidebar(new SidebarView(catalogue)),
       m_detail(new QStackedWidget),
       m_split(new Splitter(Qt::Horizontal)) {

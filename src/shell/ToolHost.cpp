@@ -18,8 +18,8 @@ QString pathExtension(const QUrl& url) {
     return dot > 0 ? name.sliced(dot + 1) : QString();
 }
 
-ToolHost::ToolHost(const ToolCatalogue& catalogue, QObject* parent)
-    : QObject(parent), m_catalogue(catalogue) {}
+ToolHost::ToolHost(const ToolCatalogue& catalogue, QSettings& settings, QObject* parent)
+    : QObject(parent), m_catalogue(catalogue), m_timestamp(settings) {}
 
 std::optional<QString> ToolHost::open(const QUrl& url) {
     const auto* const tool = m_catalogue.toolForExtension(pathExtension(url));

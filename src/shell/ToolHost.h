@@ -2,6 +2,7 @@
 // hands files to the tools.
 #pragma once
 
+#include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
 
 #include <QObject>
@@ -26,18 +27,20 @@ class ToolHost : public QObject {
     Q_OBJECT
 
 public:
-    // The catalogue must outlive the host.
-    explicit ToolHost(const ToolCatalogue& catalogue, QObject* parent = nullptr);
+    // The catalogue and the settings must outlive the host.
+    ToolHost(const ToolCatalogue& catalogue, QSettings& settings, QObject* parent = nullptr);
 
     // Hands the file to the first tool that accepts its extension and returns the tool's identifier, or none
     // when no tool accepts it. A file that cannot be read is for the tool's model to report.
     std::optional<QString> open(const QUrl& url);
 
     [[nodiscard]] JSONToolViewModel& json() { return m_json; }
+    [[nodiscard]] TimestampToolViewModel& timestamp() { return m_timestamp; }
 
 private:
     const ToolCatalogue& m_catalogue;
     JSONToolViewModel m_json;
+    TimestampToolViewModel m_timestamp;
 };
 
 } // namespace tarnquill

@@ -81,7 +81,8 @@ std::string cell(const Lines& lines, std::size_t index, LineColumn column, const
     }
 }
 
-std::string tabSeparated(const Lines& lines, const TimeZone& zone, const std::stop_token& stop) {
+std::string tabSeparated(const Lines& lines, LineRange range, const TimeZone& zone,
+                         const std::stop_token& stop) {
     std::string text;
     const auto append = [&text](std::string value, LineColumn column) {
         std::ranges::replace(value, '\t', ' ');
@@ -91,7 +92,8 @@ std::string tabSeparated(const Lines& lines, const TimeZone& zone, const std::st
     for (const auto column : kColumns) {
         append(std::string(title(column)), column);
     }
-    for (std::size_t index = 0; index < lines.size() && !isStopped(stop, index); ++index) {
+    for (std::size_t index = range.first; index < range.first + range.count && !isStopped(stop, index);
+         ++index) {
         for (const auto column : kColumns) {
             append(cell(lines, index, column, zone), column);
         }

@@ -35,6 +35,11 @@ private:
     std::size_t m_failureCount = 0;
 };
 
+struct LineRange {
+    std::size_t first = 0;
+    std::size_t count = 0;
+};
+
 // What the columns of a table of lines show.
 enum class LineColumn : std::uint8_t { input, utc, local, unixSeconds, reading };
 inline constexpr std::size_t kLineColumnCount = 5;
@@ -45,9 +50,9 @@ inline constexpr std::size_t kLineColumnCount = 5;
 [[nodiscard]] std::string cell(const Lines& lines, std::size_t index, LineColumn column,
                                const TimeZone& zone);
 
-// The titles and all cells, with tabs between cells and a line feed after each line. Tabs in the input become
-// spaces.
-[[nodiscard]] std::string tabSeparated(const Lines& lines, const TimeZone& zone,
+// The titles and the cells of some lines, with tabs between cells and a line feed after each line. Tabs in
+// the input become spaces.
+[[nodiscard]] std::string tabSeparated(const Lines& lines, LineRange range, const TimeZone& zone,
                                        const std::stop_token& stop = {});
 
 } // namespace tarnquill::Timestamp

@@ -119,7 +119,6 @@ void TimestampToolViewModel::setUnit(Timestamp::UnitChoice unit) {
     }
     m_settings.setValue(kUnitKey, QString::fromUtf8(rawText(unit)));
     read();
-    Q_EMIT unitChanged();
 }
 
 QString TimestampToolViewModel::formName() const {
@@ -280,11 +279,13 @@ void TimestampToolViewModel::publish(Result result) {
     Q_EMIT resultChanged();
 }
 
-void TimestampToolViewModel::copyLines() {
+void TimestampToolViewModel::copyLines(int first, int count) {
+    const Timestamp::LineRange range{.first = static_cast<std::size_t>(first),
+                                     .count = static_cast<std::size_t>(count)};
     m_copying.start(
         0ms,
-        [lines = m_lines.lines(), zone = m_zone](const std::stop_token& stop) {
-            return QString::fromStdString(tabSeparated(*lines, *zone, stop));
+        [lines = m_lines.lines(), range, zone = m_zone](const std::stop_token& stop) {
+            return QString::fromStdString(tabSeparated(*lines, range, *zone, stop));
         },
         [this](const QString& text) { Q_EMIT linesCopied(text); });
 }

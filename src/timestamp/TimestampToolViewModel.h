@@ -48,6 +48,9 @@ public:
     [[nodiscard]] const QString& text() const { return m_text; }
     void setText(const QString& text);
 
+    // The list's text while one is shown, and otherwise text().
+    [[nodiscard]] const QString& input() const { return isListShown() ? m_listText : m_text; }
+
     // Takes a pasted text, as a list or in place of the text.
     void take(const QString& text);
     void useNow();
@@ -64,6 +67,7 @@ public:
     [[nodiscard]] std::optional<Timestamp::Failure> failure() const;
     // The instant of the text, or of the current line of the list.
     [[nodiscard]] std::optional<Timestamp::Instant> instant() const;
+    [[nodiscard]] Timestamp::Instant instantOrNow() const;
     [[nodiscard]] std::optional<Timestamp::Rows> rows() const;
 
     // "2 days ago"; empty while there is no instant. As of the last refresh().
@@ -90,8 +94,8 @@ public:
     // The line whose instant is shown everywhere else.
     [[nodiscard]] int currentLine() const { return m_currentLine; }
     void setCurrentLine(int line);
-    // Makes the whole table's text in the background; then emits linesCopied().
-    void copyLines();
+    // Makes the text of some lines' table in the background; then emits linesCopied().
+    void copyLines(int first, int count);
 
     // The instant, or now, on the local clock, and a text for another time on it.
     [[nodiscard]] CivilTime localTime() const;
@@ -100,7 +104,6 @@ public:
 Q_SIGNALS:
     void textReplaced(); // by something other than the input field
     void resultChanged();
-    void unitChanged();
     void localZoneChanged();
     void zonesChanged();
     void relativeTextChanged();
@@ -127,7 +130,6 @@ private:
     void readList();
     void publish(Result result);
     void updateRelativeText();
-    [[nodiscard]] Timestamp::Instant instantOrNow() const;
 
     QSettings& m_settings;
     Clock m_clock;

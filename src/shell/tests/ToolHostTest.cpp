@@ -2,6 +2,9 @@
 
 #include "shell/tests/FakeTool.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace tarnquill {
@@ -42,7 +45,9 @@ TEST(ToolHostTest, HandsAFileToTheToolThatAcceptsItAndToNoOther) {
     tools.push_back(std::make_unique<FakeTool>(QStringLiteral("table"), ToolCategory::data,
                                                QStringList{QStringLiteral("csv")}, openedByTable));
     const ToolCatalogue catalogue(std::move(tools));
-    ToolHost host(catalogue);
+    const QTemporaryDir folder;
+    QSettings settings(folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+    ToolHost host(catalogue, settings);
 
     EXPECT_EQ(host.open(fileUrl("/a/TABLE.CSV")), QStringLiteral("table"));
     EXPECT_EQ(host.open(fileUrl("/a/notes.pdf")), std::nullopt);

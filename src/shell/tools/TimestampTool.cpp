@@ -1,6 +1,7 @@
 #include "shell/tools/TimestampTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "shell/ToolHost.h"
+#include "timestamp/TimestampToolView.h"
 
 namespace tarnquill {
 
@@ -8,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 TimestampTool::TimestampTool() : Tool(u"timestamp"_s, u"Timestamp"_s, u"clock"_s, ToolCategory::data) {}
 
-ToolView* TimestampTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* TimestampTool::makeView(ToolHost& host) const {
+    return new TimestampToolView(host.timestamp());
 }
 
 } // namespace tarnquill

@@ -179,9 +179,10 @@ TEST_F(TimestampToolViewModelTest, ReadsAPastedListLineByLine) {
     EXPECT_EQ(model->instant()->seconds, 1'790'380'800);
 
     const QSignalSpy copied(model.get(), &TimestampToolViewModel::linesCopied);
-    model->copyLines();
+    model->copyLines(2, 1);
     ASSERT_TRUE(waitUntil([&] { return copied.count() == 1; }));
-    EXPECT_TRUE(copied[0][0].toString().contains(u"\n0\t1970-01-01T00:00:00Z\t"_s));
+    EXPECT_TRUE(copied[0][0].toString().endsWith(
+        u"\n2026-09-26\t2026-09-26T00:00:00Z\t2026-09-26T00:00:00Z\t1790380800\tISO 8601\n"_s));
 }
 
 TEST_F(TimestampToolViewModelTest, GivesTheTextBackWhenTheListIsCleared) {
