@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
+#include <unordered_map>
 
 namespace tarnquill::CSVRows {
 
@@ -100,6 +102,44 @@ std::vector<std::size_t> visibleColumns(const CSVParser::Document& document, con
         }
     }
     return columns;
+}
+
+Query carriedOver(const Query& query, const CSVParser::Document& from, const CSVParser::Document& to) {
+    Query result;
+    result.searchQuery = query.searchQuery;
+    if (query.columnFilters.empty() && query.sortOrder.empty() && query.hiddenColumns.empty()) {
+        return result;
+    }
+    std::unordered_map<std::string, std::vector<std::size_t>> columnsByName;
+    for (std::size_t column = 0; column < to.columnCount(); ++column) {
+        columnsByName[to.column(column).name].push_back(column);
+    }
+    // Of each column of the first table, in order.
+    std::vector<std::optional<std::size_t>> successors;
+    std::unordered_map<std::string, std::size_t> seen;
+    for (std::size_t column = 0; column < from.columnCount(); ++column) {
+        const auto name = from.column(column).name;
+        const auto occurrence = seen[name]++;
+        const auto found = columnsByName.find(name);
+        const auto exists = found != columnsByName.end() && occurrence < found->second.size();
+        successors.push_back(exists ? std::optional(found->second[occurrence]) : std::nullopt);
+    }
+    for (const auto& [column, filter] : query.columnFilters) {
+        if (const auto successor = successors[column]) {
+            result.columnFilters.emplace(*successor, filter);
+        }
+    }
+    for (const auto& [column, ascending] : query.sortOrder) {
+        if (const auto successor = successors[column]) {
+            result.sortOrder.push_back({.columnID = *successor, .ascending = ascending});
+        }
+    }
+    for (const auto column : query.hiddenColumns) {
+        if (const auto successor = successors[column]) {
+            result.hiddenColumns.insert(*successor);
+        }
+    }
+    return result;
 }
 
 } // namespace tarnquill::CSVRows

@@ -38,4 +38,10 @@ struct Query {
 [[nodiscard]] std::vector<std::size_t> visibleColumns(const CSVParser::Document& document,
                                                       const Query& query);
 
+// The query for another table, or for the same one read in another way: a column is taken for the one with
+// the same name (the second of that name for the second one), and what belongs to a column that is gone is
+// dropped.
+[[nodiscard]] Query carriedOver(const Query& query, const CSVParser::Document& from,
+                                const CSVParser::Document& to);
+
 } // namespace tarnquill::CSVRows

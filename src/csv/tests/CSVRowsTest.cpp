@@ -45,6 +45,20 @@ TEST(CSVRows, SearchesWithinTheCellsOfVisibleColumns) {
         << "a query is not trimmed";
 }
 
+TEST(CSVRows, CarriesAQueryOverToTheColumnsOfTheSameName) {
+    const auto from = CSVParser::parse("Name,Status,Score,Name\n");
+    const auto to = CSVParser::parse("Score,Name,Note,Name\n");
+    const CSVRows::Query query{.columnFilters = {{0, "first"}, {1, "gone"}, {3, "second"}},
+                               .searchQuery = "kept",
+                               .sortOrder = {{1, true}, {2, false}},
+                               .hiddenColumns = {1, 3}};
+    EXPECT_EQ(CSVRows::carriedOver(query, from, to),
+              (CSVRows::Query{.columnFilters = {{1, "first"}, {3, "second"}},
+                              .searchQuery = "kept",
+                              .sortOrder = {{0, false}},
+                              .hiddenColumns = {3}}));
+}
+
 TEST(CSVRows, StopsWhenAsked) {
     std::string text = "n\n";
     for (int i = 0; i < 20'000; ++i) {

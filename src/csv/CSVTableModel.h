@@ -1,0 +1,57 @@
+// The visible rows and columns of the CSV tool as the grid shows them.
+#pragma once
+
+#include "csv/CSVToolViewModel.h"
+
+#include <QAbstractTableModel>
+
+namespace tarnquill {
+
+class CSVTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    // The most that a grid can count in pixels; a table of more rows or columns ends there.
+    static constexpr int kMostRows = 50'000'000;
+    static constexpr int kMostColumns = 10'000'000;
+
+    // The tool's model outlives this one.
+    explicit CSVTableModel(CSVToolViewModel& tool, QObject* parent = nullptr);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    // The cell in one line that a grid can show (see lineText()).
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    // Column names, and the numbers of the rows in the file.
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role = Qt::DisplayRole) const override;
+
+    [[nodiscard]] CSVParser::RowID rowID(int row) const;
+    [[nodiscard]] std::size_t columnID(int section) const;
+    [[nodiscard]] std::string_view cell(const QModelIndex& index) const;
+    [[nodiscard]] bool isNumeric(int section) const;
+
+    // The beginning of a text with signs in place of line breaks and other control characters.
+    [[nodiscard]] static QString lineText(std::string_view text);
+
+Q_SIGNALS:
+    // After the rows of another query have taken the place of those before.
+    void rowsReplaced();
+
+private:
+    void takeAll();
+    void reset();
+    // How many of the tool's rows the views can take.
+    [[nodiscard]] int shownRows() const;
+    void updateColumns();
+    void updateRows();
+
+    CSVToolViewModel& m_tool;
+    // Those that the views know of: the tool's may already be the next ones.
+    std::shared_ptr<const CSVParser::Document> m_document;
+    std::shared_ptr<const CSVToolViewModel::Rows> m_rows;
+    std::vector<std::size_t> m_columns;
+    int m_rowCount = 0;
+};
+
+} // namespace tarnquill
