@@ -40,6 +40,7 @@ set(chrome_symbols
     code-xml
     columns-3
     copy
+    download
     feather
     file
     file-down

@@ -9,16 +9,15 @@
 #include "chrome/PaneButton.h"
 #include "chrome/PaneFooter.h"
 #include "chrome/PaneHeader.h"
+#include "chrome/PaneText.h"
 #include "chrome/SearchBar.h"
 #include "chrome/SegmentedPicker.h"
 #include "chrome/Splitter.h"
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
-#include "common/CountText.h"
 #include "json/JSONHighlighter.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -79,22 +78,6 @@ SortMode nextMode(SortMode mode) {
         break;
     }
     return SortMode::none;
-}
-
-QString counted(std::size_t count, std::string_view one, std::string_view many) {
-    return QString::fromStdString(countText(count, one, many));
-}
-
-// The lines and bytes of a text, as every pane's footer begins.
-QList<Metric> sizeMetrics(const TextBuffer& text) {
-    const auto metrics = text.metrics();
-    return {{.text = counted(metrics.lines, "line", "lines")},
-            {.text = QString::fromStdString(byteCountText(metrics.bytes))}};
-}
-
-void copy(const TextBuffer& text, PaneButton& button) {
-    QGuiApplication::clipboard()->setText(QString::fromStdU16String(text.text()));
-    button.flashCopied();
 }
 
 } // namespace
@@ -173,7 +156,7 @@ void JSONToolView::makeInputPane() {
     m_copyInput = new PaneButton(u"Copy"_s, u"doc.on.doc"_s);
     m_copyInput->reserveCopied();
     m_copyInput->setToolTip(u"Copy the input"_s);
-    connect(m_copyInput, &PaneButton::clicked, this, [this] { copy(m_model.text(), *m_copyInput); });
+    connect(m_copyInput, &PaneButton::clicked, this, [this] { copyText(m_model.text(), *m_copyInput); });
     m_clear = new PaneButton(u"Clear"_s, u"trash"_s);
     m_clear->setToolTip(u"Empty the input"_s);
     connect(m_clear, &PaneButton::clicked, &m_model, &JSONToolViewModel::clear);
@@ -205,7 +188,7 @@ void JSONToolView::makeOutputPane() {
     m_copyOutput = new PaneButton(u"Copy"_s, u"doc.on.doc"_s);
     m_copyOutput->reserveCopied();
     m_copyOutput->setToolTip(u"Copy the output"_s);
-    connect(m_copyOutput, &PaneButton::clicked, this, [this] { copy(m_model.output(), *m_copyOutput); });
+    connect(m_copyOutput, &PaneButton::clicked, this, [this] { copyText(m_model.output(), *m_copyOutput); });
 
     m_outputPane->header().addOption(m_indentControl);
     m_outputPane->header().addOption(m_sort);
@@ -254,12 +237,11 @@ void JSONToolView::showInput() {
     const auto& validation = m_model.validation();
     auto metrics = sizeMetrics(m_model.text());
     if (validation.isValid && validation.topLevelKeyCount) {
-        metrics.append(
-            {.text = counted(static_cast<std::size_t>(*validation.topLevelKeyCount), "key", "keys")});
+        metrics.append(countMetric(static_cast<std::size_t>(*validation.topLevelKeyCount), "key", "keys"));
     }
     if (validation.droppedDuplicates > 0) {
-        metrics.append({.text = counted(static_cast<std::size_t>(validation.droppedDuplicates),
-                                        "duplicate key dropped", "duplicate keys dropped")});
+        metrics.append(countMetric(static_cast<std::size_t>(validation.droppedDuplicates),
+                                   "duplicate key dropped", "duplicate keys dropped"));
     }
     m_inputPane->footer().setMetrics(metrics);
     const bool hasText = !m_model.text().isEmpty();
