@@ -84,8 +84,8 @@ const TextBuffer& CodecToolViewModel::shownOutput() const {
     return isOutputBinary() ? m_outputDump.text() : m_outputText;
 }
 
-QString CodecToolViewModel::hexDump() const {
-    return isOutputBinary() ? QString::fromStdString(m_output->text) : QString();
+TextBuffer CodecToolViewModel::hexDump() const {
+    return isOutputBinary() ? bufferOf(m_output->text) : TextBuffer();
 }
 
 QString CodecToolViewModel::badge() const {

@@ -55,7 +55,7 @@ public:
     // What the output pane shows: the output's text, or its dump in rows that fit the pane.
     [[nodiscard]] const TextBuffer& shownOutput() const;
     // With 16 bytes a row, whatever is shown. Empty when the output is not binary.
-    [[nodiscard]] QString hexDump() const;
+    [[nodiscard]] TextBuffer hexDump() const;
     // "BASE64" or "GZIP → JSON"; empty when there is no output text.
     [[nodiscard]] QString badge() const;
     // "Not Base64" or "Could not unpack"; empty when nothing failed.

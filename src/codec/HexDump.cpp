@@ -70,6 +70,14 @@ std::size_t hexDumpRowLength(std::size_t bytesPerRow) {
     return kShortestOffset + textPlace(bytesPerRow) + bytesPerRow + 1;
 }
 
+std::size_t hexDumpBytesPerRow(std::size_t characters) {
+    std::size_t fitting = 1;
+    while (hexDumpRowLength(fitting + 1) <= characters) {
+        ++fitting;
+    }
+    return fitting < 4 ? fitting : fitting / 4 * 4;
+}
+
 std::string hexDump(std::string_view bytes, std::size_t bytesPerRow, std::size_t count) {
     const auto rows = (bytes.size() + bytesPerRow - 1) / bytesPerRow;
     const auto longestRow = offsetWidth(bytes.size()) + textPlace(bytesPerRow) + bytesPerRow + 1;

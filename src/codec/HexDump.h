@@ -24,4 +24,8 @@ struct HexDump {
 // The length of a full row, in characters.
 [[nodiscard]] std::size_t hexDumpRowLength(std::size_t bytesPerRow);
 
+// How many bytes a row has where there is room for so many characters: the largest multiple of 4 that fits,
+// fewer where not even 4 do, but at least 1.
+[[nodiscard]] std::size_t hexDumpBytesPerRow(std::size_t characters);
+
 } // namespace tarnquill::Codec

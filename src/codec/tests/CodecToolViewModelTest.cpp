@@ -150,8 +150,8 @@ TEST_F(CodecToolViewModelTest, ReflowsTheDumpAndCopiesItWithSixteenBytesARow) {
     m_model.setDumpBytesPerRow(2);
     settle();
     EXPECT_TRUE(shown().starts_with(u"00000000  ff 00  |..|\n"));
-    EXPECT_EQ(m_model.hexDump(),
-              u"00000000  ff 00 01 02 03 04 05 06  07 08 09                 |...........|"_s);
+    EXPECT_EQ(m_model.hexDump().text(),
+              u"00000000  ff 00 01 02 03 04 05 06  07 08 09                 |...........|");
     setInput(u"SGk=");
     m_model.setDumpBytesPerRow(4);
     settle();

@@ -55,6 +55,13 @@ TEST(HexDump, FillsRowsOfAnyLength) {
     }
 }
 
+TEST(HexDump, FitsRowsIntoAWidth) {
+    for (const auto& [characters, bytes] :
+         {std::pair(0U, 1U), {21U, 1U}, {22U, 2U}, {29U, 3U}, {30U, 4U}, {61U, 8U}, {62U, 12U}, {78U, 16U}}) {
+        EXPECT_EQ(Codec::hexDumpBytesPerRow(characters), bytes) << characters;
+    }
+}
+
 TEST(HexDump, CountsTheBytesLeftOut) {
     EXPECT_EQ(Codec::hexDump("a", 2, 4465), "00000000  61     |a|\n\u2026 4464 more bytes");
 }
