@@ -3,6 +3,7 @@
 #pragma once
 
 #include "timestamp/TimestampToolViewModel.h"
+#include "codec/CodecToolViewModel.h"
 #include "json/JSONToolViewModel.h"
 
 #include <QObject>
@@ -35,11 +36,13 @@ public:
     std::optional<QString> open(const QUrl& url);
 
     [[nodiscard]] JSONToolViewModel& json() { return m_json; }
+    [[nodiscard]] CodecToolViewModel& codec() { return m_codec; }
     [[nodiscard]] TimestampToolViewModel& timestamp() { return m_timestamp; }
 
 private:
     const ToolCatalogue& m_catalogue;
     JSONToolViewModel m_json;
+    CodecToolViewModel m_codec;
     TimestampToolViewModel m_timestamp;
 };
 

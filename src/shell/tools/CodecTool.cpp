@@ -1,6 +1,7 @@
 #include "shell/tools/CodecTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "codec/CodecToolView.h"
+#include "shell/ToolHost.h"
 
 namespace tarnquill {
 
@@ -9,8 +10,8 @@ using namespace Qt::StringLiterals;
 CodecTool::CodecTool()
     : Tool(u"codec"_s, u"Encode / Decode"_s, u"arrow.left.arrow.right"_s, ToolCategory::encoding) {}
 
-ToolView* CodecTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* CodecTool::makeView(ToolHost& host) const {
+    return new CodecToolView(host.codec());
 }
 
 } // namespace tarnquill
