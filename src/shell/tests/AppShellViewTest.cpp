@@ -1,11 +1,15 @@
 #include "shell/AppShellView.h"
 
+#include "chrome/CodeEditor.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/tests/ShellWindowFixture.h"
 
+#include <QFile>
 #include <QListWidget>
 #include <QMimeData>
 #include <QSplitter>
+
+#include <algorithm>
 
 namespace tarnquill {
 namespace {
@@ -44,6 +48,21 @@ TEST_F(AppShellViewTest, OpensEveryKindOfFileInItsTool) {
         EXPECT_EQ(window().selectedToolID(), QString::fromUtf8(row.toolID)) << row.path;
         EXPECT_EQ(alert(), nullptr) << row.path;
     }
+}
+
+TEST_F(AppShellViewTest, ShowsWhatWasOpenedWhileTheToolWasHidden) {
+    const auto path = folder.filePath(QStringLiteral("data.json"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("[1]");
+    file.close();
+
+    EXPECT_EQ(window().host().open(QUrl::fromLocalFile(path)), QStringLiteral("json"));
+    ASSERT_TRUE(waitUntil([&] { return window().host().json().filePath() == path; }));
+    window().selectTool(QStringLiteral("json"));
+    const auto editors = window().toolView().findChildren<CodeEditor*>();
+    EXPECT_TRUE(
+        std::ranges::any_of(editors, [](const auto* editor) { return editor->buffer().text() == u"[1]"; }));
 }
 
 TEST_F(AppShellViewTest, TellsWhichFileNoToolAcceptsAndKeepsTheSelection) {
