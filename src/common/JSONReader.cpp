@@ -47,24 +47,29 @@ public:
 
 private:
     static constexpr Entry kWordMask = JSONTape::kLargestPosition;
-    static constexpr std::size_t kFewKeys = 32;
+    static constexpr std::size_t kFewKeys = 24;
 
-    // For the usual object of few keys this settles it without a table.
+    // For the usual object of few keys this settles it without a table: each key sets one bit in each of
+    // three sets, and a key that occurs again finds all of its bits set.
     [[nodiscard]] bool mayRepeat(std::size_t start) const {
         if (m_entries.size() - start > kFewKeys) {
             return true;
         }
-        std::array<std::uint64_t, 16> seen{};
+        std::uint64_t first = 0;
+        std::uint64_t second = 0;
+        std::uint64_t third = 0;
+        std::uint64_t isRepeated = 0;
         for (auto i = start; i < m_entries.size(); ++i) {
-            const auto slot = m_entries[i] >> 54;
-            auto& word = seen[slot / 64];
-            const auto bit = std::uint64_t{1} << (slot % 64);
-            if ((word & bit) != 0) {
-                return true;
-            }
-            word |= bit;
+            const auto entry = m_entries[i];
+            const auto a = entry >> 58;
+            const auto b = (entry >> 52) % 64;
+            const auto c = (entry >> 46) % 64;
+            isRepeated |= (first >> a) & (second >> b) & (third >> c) & 1;
+            first |= std::uint64_t{1} << a;
+            second |= std::uint64_t{1} << b;
+            third |= std::uint64_t{1} << c;
         }
-        return false;
+        return isRepeated != 0;
     }
 
     template <typename Found>

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -86,6 +87,10 @@ public:
     std::string decoded;
 
 private:
+    struct Free {
+        void operator()(std::uint64_t* words) const { std::free(words); }
+    };
+
     // The longest length that a word has room for; longer ones, of which a document holds few, stand apart.
     static constexpr std::size_t kLongLength = (std::size_t{1} << (60 - kPositionBits)) - 1;
 
@@ -101,7 +106,7 @@ private:
     void grow();
 
     std::string_view m_source;
-    std::unique_ptr<std::uint64_t[]> m_words;
+    std::unique_ptr<std::uint64_t[], Free> m_words;
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
     std::vector<std::pair<std::size_t, std::size_t>> m_longLengths;
