@@ -1,0 +1,137 @@
+#include "chrome/ScriptBridge.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QWebChannel>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+
+#include <utility>
+
+namespace tarnquill {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// The page's scripts live in a world of their own, which sees the document's events but not the channel: an
+// event carries each message from one to the other.
+constexpr auto kPageScript = R"(
+(names => {
+    const handlers = {};
+    for (const name of names) {
+        const postMessage = body => {
+            const detail = JSON.stringify([name, body ?? null]);
+            window.dispatchEvent(new CustomEvent('tarnquill-message', { detail }));
+        };
+        handlers[name] = Object.freeze({ postMessage });
+    }
+    window.webkit = Object.freeze({ messageHandlers: Object.freeze(handlers) });
+})(%1);
+)";
+
+constexpr auto kChannelScript = R"(
+(() => {
+    let send = null;
+    const waiting = [];
+    window.addEventListener('tarnquill-message', ({ detail }) => {
+        if (send) {
+            send(detail);
+        } else {
+            waiting.push(detail);
+        }
+    });
+    new QWebChannel(qt.webChannelTransport, ({ objects }) => {
+        send = message => objects.bridge.receive(message);
+        waiting.splice(0).forEach(send);
+    });
+})();
+)";
+
+// %1 id, %2 parameters, %3 body, %4 arguments
+constexpr auto kCallScript = R"(
+(async (%2) => {
+%3
+})(%4).then(
+    value => ({ id: %1, value }),
+    error => ({ id: %1, error: String(error?.message ?? error) })
+).then(answer => {
+    const detail = JSON.stringify(['', answer]);
+    window.dispatchEvent(new CustomEvent('tarnquill-message', { detail }));
+});
+)";
+
+QWebEngineScript script(const QString& source, quint32 world) {
+    QWebEngineScript script;
+    script.setSourceCode(source);
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(world);
+    return script;
+}
+
+QString channelLibrary() {
+    QFile file(u":/qtwebchannel/qwebchannel.js"_s);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString json(const QJsonArray& values) {
+    return QString::fromUtf8(QJsonDocument(values).toJson(QJsonDocument::Compact));
+}
+
+} // namespace
+
+ScriptBridge::ScriptBridge(QWebEnginePage& page, const QStringList& handlers)
+    : m_page(page), m_handlers(handlers) {
+    auto* const channel = new QWebChannel(this);
+    channel->registerObject(u"bridge"_s, this);
+    page.setWebChannel(channel, QWebEngineScript::ApplicationWorld);
+    page.scripts().insert(
+        script(QString::fromLatin1(kPageScript).arg(json(QJsonArray::fromStringList(handlers))),
+               QWebEngineScript::MainWorld));
+    page.scripts().insert(
+        script(channelLibrary() + QString::fromLatin1(kChannelScript), QWebEngineScript::ApplicationWorld));
+}
+
+void ScriptBridge::call(const QString& body, const QJsonObject& arguments, const Answer& answer) {
+    const auto id = ++m_lastCall;
+    m_calls.insert(id, answer);
+    QJsonArray values;
+    for (const auto& value : arguments) {
+        values.append(value);
+    }
+    const auto list = json(values);
+    m_page.runJavaScript(
+        QString::fromLatin1(kCallScript)
+            .arg(QString::number(id), arguments.keys().join(u", "_s), body, list.sliced(1, list.size() - 2)));
+}
+
+void ScriptBridge::failCalls(const QString& description) {
+    for (const auto& answer : std::exchange(m_calls, {})) {
+        answer(std::unexpected(description));
+    }
+}
+
+void ScriptBridge::receive(const QString& message) {
+    const auto parts = QJsonDocument::fromJson(message.toUtf8()).array();
+    const auto handler = parts[0].toString();
+    if (handler.isEmpty()) {
+        finish(parts[1].toObject());
+    } else if (m_handlers.contains(handler)) {
+        Q_EMIT messageReceived(handler, parts[1]);
+    }
+}
+
+void ScriptBridge::finish(const QJsonObject& message) {
+    const auto answer = m_calls.take(message[u"id"_s].toInteger());
+    if (!answer) {
+        return;
+    }
+    if (const auto error = message[u"error"_s]; error.isString()) {
+        answer(std::unexpected(error.toString()));
+    } else {
+        answer(message[u"value"_s]);
+    }
+}
+
+} // namespace tarnquill

@@ -1,0 +1,53 @@
+// Carries messages from the script of a web page to the program, and the answers of awaited script calls.
+//
+// Works under a page's content security policy, because its scripts are injected and need none of the page's
+// own rights. Values travel as JSON: what JSON cannot hold (NaN, undefined) arrives as null.
+#pragma once
+
+#include <QHash>
+#include <QJsonObject>
+#include <QObject>
+
+#include <expected>
+#include <functional>
+
+class QWebEnginePage;
+
+namespace tarnquill {
+
+class ScriptBridge : public QObject {
+    Q_OBJECT
+
+public:
+    // What the script returned (undefined when it was nothing), or the description of what it threw.
+    using Answer = std::function<void(const std::expected<QJsonValue, QString>& result)>;
+
+    // Offers `window.webkit.messageHandlers.<name>.postMessage(body)` to the scripts of every document that
+    // the page loads from now on. The page has to live as long as the bridge.
+    ScriptBridge(QWebEnginePage& page, const QStringList& handlers);
+
+    // Runs the statements as the body of an async function whose parameters are the arguments' names, and
+    // hands on what it returns in the end:
+    //     call(u"return await draw(code);", {{u"code", text}}, …)
+    void call(const QString& body, const QJsonObject& arguments, const Answer& answer);
+
+    // Nobody will answer any more, as when the page is loaded again: every waiting call fails with this.
+    void failCalls(const QString& description);
+
+    // Called by the page's end of the bridge.
+    Q_INVOKABLE void receive(const QString& message);
+
+Q_SIGNALS:
+    // The page has posted the body to one of the handlers.
+    void messageReceived(const QString& handler, const QJsonValue& body);
+
+private:
+    void finish(const QJsonObject& message);
+
+    QWebEnginePage& m_page;
+    QStringList m_handlers;
+    QHash<qint64, Answer> m_calls;
+    qint64 m_lastCall = 0;
+};
+
+} // namespace tarnquill
