@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <mutex>
 
 namespace tarnquill {
 
@@ -36,14 +37,13 @@ TextRange unitAt(const TextBuffer& buffer, std::size_t position, QAccessible::Te
 AccessibleTextView::AccessibleTextView(TextView* view) : QAccessibleWidget(view, QAccessible::EditableText) {}
 
 void AccessibleTextView::install() {
-    static const bool installed = [] {
+    static std::once_flag installed;
+    std::call_once(installed, [] {
         QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
             auto* const view = qobject_cast<TextView*>(object);
             return view != nullptr ? new AccessibleTextView(view) : nullptr;
         });
-        return true;
-    }();
-    static_cast<void>(installed);
+    });
 }
 
 TextView& AccessibleTextView::view() const {

@@ -25,7 +25,7 @@ CopyRow::CopyRow(int height, Edge edge, QWidget* parent)
     m_copy->setIconOnly(true);
     connect(m_copy, &PaneButton::clicked, this, &CopyRow::copy);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kSide, 0, kSide, edge == Edge::none ? 0 : 1);
+    layout->setContentsMargins(kSide, 0, kSide, 0);
     layout->setSpacing(0);
     layout->addStretch();
     layout->addWidget(m_copy);
@@ -61,7 +61,7 @@ QRect CopyRow::textArea() const {
             end -= button->sizeHint().width();
         }
     }
-    return {kSide, 0, end - kGap - kSide, height() - (m_edge == Edge::none ? 0 : 1)};
+    return {kSide, 0, end - kGap - kSide, height()};
 }
 
 void CopyRow::setLit(bool isLit) {

@@ -32,8 +32,8 @@ DataTable::DataTable(QWidget* parent) : QTableView(parent) {
     setHorizontalHeader(header);
 
     auto* numbers = new RowNumbers(this);
+    numbers->setMinimumSectionSize(kRowHeight); // or the default could not be smaller than the style's
     numbers->setDefaultSectionSize(kRowHeight);
-    numbers->setMinimumSectionSize(kRowHeight);
     numbers->setSectionResizeMode(QHeaderView::Fixed);
     numbers->setFixedWidth(kRowNumberWidth);
     setVerticalHeader(numbers);

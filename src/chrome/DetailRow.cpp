@@ -8,16 +8,18 @@ namespace {
 
 constexpr int kGap = 8;
 
-// Two texts from both ends of a line; the first one gives way.
-void paintEnds(QPainter& painter, const QRect& line, const QString& start, FontRole startFont,
-               ColorRole startColor, const QString& end, FontRole endFont, ColorRole endColor) {
-    const auto endWidth = std::min(Painting::textWidth(end, endFont), line.width());
-    const auto startRect = line.adjusted(0, 0, -endWidth - kGap, 0);
-    if (startRect.width() > 0) {
-        Painting::text(painter, startRect, start, startFont, themeColor(startColor));
+// Paints a text at the end of a line, and takes its room away from the line.
+void paintEnd(QPainter& painter, QRect& line, const QString& text, FontRole font, ColorRole color) {
+    Painting::text(painter, line, text, font, themeColor(color), Qt::AlignRight | Qt::AlignVCenter);
+    line.setRight(line.right() - Painting::textWidth(text, font) - kGap);
+}
+
+// The same at its start; nothing where there is no room.
+void paintStart(QPainter& painter, QRect& line, const QString& text, FontRole font, ColorRole color) {
+    if (line.width() > 0) {
+        Painting::text(painter, line, text, font, themeColor(color));
     }
-    Painting::text(painter, QRect(line.right() + 1 - endWidth, line.top(), endWidth, line.height()), end,
-                   endFont, themeColor(endColor));
+    line.setLeft(line.left() + Painting::textWidth(text, font));
 }
 
 } // namespace
@@ -30,26 +32,25 @@ void DetailRow::setTexts(const Texts& texts) {
 }
 
 void DetailRow::paintText(QPainter& painter, const QRect& area) {
-    const QRect first(area.left(), 8, area.width(), Theme::lineHeight(FontRole::body));
-    const QRect second(area.left(), first.bottom() + 1, area.width(), Theme::lineHeight(FontRole::note));
-    paintEnds(painter, first, m_texts.title, FontRole::body, ColorRole::text, m_texts.value, FontRole::editor,
-              ColorRole::text);
-    paintEnds(painter, second, m_texts.note, FontRole::note, ColorRole::muted, m_texts.detail, FontRole::note,
-              ColorRole::muted);
+    QRect first(area.left(), 8, area.width(), Theme::lineHeight(FontRole::body));
+    QRect second(area.left(), first.bottom() + 1, area.width(), Theme::lineHeight(FontRole::note));
+    paintEnd(painter, first, m_texts.value, FontRole::editor, ColorRole::text);
+    paintStart(painter, first, m_texts.title, FontRole::body, ColorRole::text);
 
-    // The remarks take what is left between title and value.
-    auto rest = first.adjusted(Painting::textWidth(m_texts.title, FontRole::body) + kGap, 0,
-                               -Painting::textWidth(m_texts.value, FontRole::editor) - kGap, 0);
-    const auto paintRemark = [&](const QString& remark, Qt::Alignment alignment) {
-        const auto width = Painting::textWidth(remark, FontRole::note);
-        if (width <= rest.width()) {
-            Painting::text(painter, rest, remark, FontRole::note, themeColor(ColorRole::muted),
-                           alignment | Qt::AlignVCenter);
-            rest.setRight(rest.right() - width - kGap);
-        }
-    };
-    paintRemark(m_texts.valueRemark, Qt::AlignRight);
-    paintRemark(m_texts.remark, Qt::AlignLeft);
+    paintEnd(painter, second, m_texts.detail, FontRole::note, ColorRole::muted);
+    auto note = second.adjusted(0, 0, -Painting::textWidth(m_texts.noteEnd, FontRole::note), 0);
+    paintStart(painter, note, m_texts.note, FontRole::note, ColorRole::muted);
+    second.setLeft(std::min(note.left(), note.right() + 1));
+    paintStart(painter, second, m_texts.noteEnd, FontRole::note, ColorRole::muted);
+
+    // The remarks take what is left between title and value, if it is enough.
+    first.setLeft(first.left() + kGap);
+    if (Painting::textWidth(m_texts.valueRemark, FontRole::note) <= first.width()) {
+        paintEnd(painter, first, m_texts.valueRemark, FontRole::note, ColorRole::muted);
+    }
+    if (Painting::textWidth(m_texts.remark, FontRole::note) <= first.width()) {
+        paintStart(painter, first, m_texts.remark, FontRole::note, ColorRole::muted);
+    }
 }
 
 } // namespace tarnquill

@@ -13,8 +13,9 @@ public:
 
     struct Texts {
         QString title;
-        QString remark = {}; // quietly after the title; goes first where there is little room
-        QString note;        // elided where there is little room
+        QString remark = {};  // quietly after the title; goes first where there is little room
+        QString note;         // elided where there is little room
+        QString noteEnd = {}; // right after the note, and never elided
         QString value;
         QString valueRemark = {}; // quietly before the value
         QString detail;

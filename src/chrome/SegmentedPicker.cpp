@@ -48,6 +48,13 @@ void SegmentedPicker::setCurrentIndex(int index) {
     Q_EMIT currentIndexChanged(index);
 }
 
+void SegmentedPicker::setSegmentMinimum(int width) {
+    for (int& each : m_widths) {
+        each = std::max(each, width);
+    }
+    updateGeometry();
+}
+
 QSize SegmentedPicker::sizeHint() const {
     int width = 2 * kInset;
     for (const int each : m_widths) {

@@ -19,6 +19,9 @@ public:
     void setCurrentIndex(int index);
     [[nodiscard]] QStringList titles() const { return m_titles; }
 
+    // For titles of a letter or two, which would make segments too small to hit.
+    void setSegmentMinimum(int width);
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -92,14 +92,14 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-public Q_SLOTS:
-    void undo();
-    void redo();
-    void cut();
-    void copy();
-    void paste();
-    void deleteSelection();
-    void selectAll();
+    // By these names the Edit menu finds them.
+    Q_SLOT void undo();
+    Q_SLOT void redo();
+    Q_SLOT void cut();
+    Q_SLOT void copy();
+    Q_SLOT void paste();
+    Q_SLOT void deleteSelection();
+    Q_SLOT void selectAll();
 
 Q_SIGNALS:
     // The user has changed the text, undo and redo included. Not sent for setBuffer() and replaceAll().

@@ -310,7 +310,9 @@ void TextView::copy() {
 void TextView::paste() {
     const auto* const held = QGuiApplication::clipboard()->mimeData();
     if (!m_readOnly && held != nullptr && held->hasText()) {
-        edit(m_selection.range(), held->text().toStdU16String());
+        const auto text = held->text();
+        edit(m_selection.range(),
+             {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())});
     }
 }
 

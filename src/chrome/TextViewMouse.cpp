@@ -32,10 +32,10 @@ bool TextView::isSelectedAt(QPointF point) const {
     }
     const auto position = positionAt(point);
     const auto range = m_selection.range();
-    // The half of a character that is clicked decides on the position, but not on what is under the mouse.
-    return position >= range.location && position <= range.end() &&
-           !(position == range.location && point.x() < caretRect(position).left()) &&
-           !(position == range.end() && point.x() > caretRect(position).left());
+    // The position nearest to the mouse may be on either side of it.
+    const auto isBehind = point.x() >= caretRect(position).left();
+    return isBehind ? position >= range.location && position < range.end()
+                    : position > range.location && position <= range.end();
 }
 
 void TextView::mousePressEvent(QMouseEvent* event) {

@@ -99,7 +99,8 @@ std::int64_t ScrolledRows::offset() {
 }
 
 std::int64_t ScrolledRows::maximum() const {
-    const auto height = 2 * kInset + static_cast<std::int64_t>(m_layout.rowCount()) * m_rowHeight;
+    const auto height =
+        std::int64_t{2} * kInset + static_cast<std::int64_t>(m_layout.rowCount()) * m_rowHeight;
     return std::max<std::int64_t>(height - m_viewHeight, 0);
 }
 

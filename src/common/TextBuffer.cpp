@@ -38,10 +38,10 @@ std::shared_ptr<const TextBuffer::Chunk> makeChunk(std::u16string_view text) {
     auto chunk = std::make_shared<TextBuffer::Chunk>();
     chunk->text = text;
     chunk->utf8Length = utf8Length(text);
-    chunk->lineFeeds.reserve(static_cast<std::size_t>(std::ranges::count(text, u'\n')));
     for (auto at = text.find(u'\n'); at != kNone; at = text.find(u'\n', at + 1)) {
         chunk->lineFeeds.push_back(static_cast<std::uint16_t>(at));
     }
+    chunk->lineFeeds.shrink_to_fit();
     return chunk;
 }
 
@@ -166,12 +166,12 @@ private:
 } // namespace
 
 TextBuffer::TextBuffer() {
-    static const auto empty = [] {
+    static const auto kEmpty = [] {
         auto content = std::make_shared<Content>();
         content->append(std::make_shared<Chunk>());
         return std::shared_ptr<const Content>(std::move(content));
     }();
-    m_content = empty;
+    m_content = kEmpty;
 }
 
 TextBuffer::TextBuffer(std::u16string_view text) : TextBuffer() {
@@ -329,10 +329,15 @@ void TextBuffer::replace(TextRange range, std::u16string_view inserted) {
 
     const auto start = pieces[first].start;
     const auto end = pieces[last].end();
-    auto touched = text({.location = start, .length = range.location - start});
-    touched.reserve(end - start - range.length + inserted.size());
-    touched += inserted;
-    touched += text({.location = range.end(), .length = end - range.end()});
+    std::u16string joined;
+    auto touched = inserted;
+    if (start < range.location || range.end() < end) {
+        joined.reserve(end - start - range.length + inserted.size());
+        joined += text({.location = start, .length = range.location - start});
+        joined += inserted;
+        joined += text({.location = range.end(), .length = end - range.end()});
+        touched = joined;
+    }
 
     std::vector<std::shared_ptr<const Chunk>> chunks;
     const auto lineGoesOn = last + 1 < pieces.size() && !touched.ends_with(u'\n');

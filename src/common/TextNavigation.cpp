@@ -114,9 +114,14 @@ std::size_t previousWord(const TextBuffer& buffer, std::size_t position) {
 TextRange wordAt(const TextBuffer& buffer, std::size_t position) {
     TextReader reader(buffer);
     const auto length = reader.length();
-    const auto atLineEnd = [&] { return position == length || kindOf(reader[position]) == Kind::lineEnd; };
-    if (atLineEnd() && (position == 0 || kindOf(reader[--position]) == Kind::lineEnd)) {
-        return {.location = std::min(position + 1, length), .length = 0};
+    const auto isLineEnd = [&](std::size_t at) {
+        return at == length || kindOf(reader[at]) == Kind::lineEnd;
+    };
+    if (isLineEnd(position)) {
+        if (position == 0 || isLineEnd(position - 1)) {
+            return {.location = position, .length = 0};
+        }
+        --position;
     }
     const auto kind = kindOf(reader[position]);
     auto start = position;

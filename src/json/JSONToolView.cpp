@@ -355,6 +355,11 @@ void JSONToolView::perform(ToolCommand command) {
     }
 }
 
+bool JSONToolView::isWorking() const {
+    return m_model.formattingTask().isPending() || m_model.openingTask().isPending() ||
+           m_model.searchingTask().isPending();
+}
+
 void JSONToolView::setDropTarget(bool isTarget) {
     m_inputPane->setDropTarget(isTarget);
 }

@@ -27,6 +27,7 @@ public:
     [[nodiscard]] bool canPerform(ToolCommand command) const override;
     void perform(ToolCommand command) override;
     void setDropTarget(bool isTarget) override;
+    [[nodiscard]] bool isWorking() const override;
 
 private:
     void makeToolbar();

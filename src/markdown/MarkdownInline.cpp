@@ -240,7 +240,8 @@ void InlineRenderer::takeOutLinks() {
             std::string opening = "<a href=\"";
             appendQuotesEscaped(opening, destination->address);
             opening += "\">";
-            html = opening + html + "</a>";
+            html.insert(0, opening);
+            html += "</a>";
         }
         protect(std::move(html));
         start = done = destination->end;

@@ -17,6 +17,7 @@ std::size_t digitsEnd(std::string_view line, std::size_t position) {
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(line.data());
     for (auto next = position; next < line.size(); position = next) {
         UChar32 character = 0;
+        // NOLINTNEXTLINE(bugprone-inc-dec-in-conditions): the macro is written so
         U8_NEXT(bytes, next, line.size(), character);
         if (character < 0 || u_isdigit(character) == 0) {
             break;

@@ -47,6 +47,7 @@ std::size_t Writer::writeTable(const Block& rest) {
     std::vector<std::string_view> cells;
     splitCells(rest.lines[1], cells);
     std::vector<std::string_view> alignments;
+    alignments.reserve(cells.size());
     for (const auto cell : cells) {
         alignments.push_back(alignmentOf(cell));
     }

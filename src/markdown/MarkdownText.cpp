@@ -12,6 +12,7 @@ namespace {
 UChar32 characterAt(std::string_view text, std::size_t position) {
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     UChar32 character = 0;
+    // NOLINTNEXTLINE(bugprone-inc-dec-in-conditions): the macro is written so
     U8_NEXT(bytes, position, text.size(), character);
     return character;
 }

@@ -2,8 +2,8 @@
 // hands files to the tools.
 #pragma once
 
-#include "timestamp/TimestampToolViewModel.h"
 #include "codec/CodecToolViewModel.h"
+#include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
 
 #include <QObject>

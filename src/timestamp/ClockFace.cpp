@@ -14,11 +14,11 @@ namespace {
 
 constexpr int kSide = 168;
 constexpr double kRadius = kSide / 2.0;
-constexpr double kHourHand = 42;
-constexpr double kMinuteHand = 64;
-constexpr double kSecondHand = 68;
-constexpr double kNumerals = 66;
-constexpr double kRim = 54; // the minute is set from here on
+constexpr double kHourHand = 36;
+constexpr double kMinuteHand = 56;
+constexpr double kSecondHand = 56;
+constexpr double kNumerals = 70;
+constexpr double kRim = 48; // the minute is set from here on
 
 // The point at a part of a turn from twelve o'clock.
 QPointF onFace(double turn, double distance) {

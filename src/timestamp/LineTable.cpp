@@ -16,6 +16,7 @@ using Timestamp::LineColumn;
 
 constexpr int kNarrowest = 80;
 constexpr int kWidest = 320;
+constexpr int kReading = 148;      // the longest form; a failure's sentence is elided
 constexpr int kMeasuredRows = 100; // tell the widths of all others
 
 class LineDelegate : public TableCellDelegate {
@@ -50,6 +51,7 @@ void LineTable::showList() {
         }
         setColumnWidth(column, std::clamp(width, kNarrowest, kWidest));
     }
+    setColumnWidth(static_cast<int>(LineColumn::reading), kReading);
     setCurrentIndex(m_model.lines().index(m_model.currentLine(), 0));
 }
 

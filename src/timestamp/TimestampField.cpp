@@ -23,7 +23,8 @@ TimestampField::TimestampField(QWidget* parent) : QPlainTextEdit(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFont(Theme::instance().font(FontRole::timestampInput));
-    document()->setDocumentMargin(1);
+    document()->setDocumentMargin(0);
+    setViewportMargins(0, 1, 0, 0);
     setCursorWidth(1);
     setPlaceholderText(tr("Unix time or a date"));
     setAccessibleName(tr("Unix time or a date"));

@@ -88,6 +88,7 @@ TimestampInputPane::TimestampInputPane(TimestampToolViewModel& model, QWidget* p
 }
 
 void TimestampInputPane::makeHeader() {
+    m_unit->setSegmentMinimum(44);
     m_unit->setCurrentIndex(static_cast<int>(m_model.unit()));
     auto* unit = new LabelledControl(tr("Unit"), m_unit);
     unit->setToolTip(

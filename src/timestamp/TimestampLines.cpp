@@ -19,8 +19,8 @@ bool isStopped(const std::stop_token& stop, std::size_t index) {
     return index % kBatch == 0 && stop.stop_requested();
 }
 
-constexpr std::array kColumns{LineColumn::input, LineColumn::utc, LineColumn::local, LineColumn::unixSeconds,
-                              LineColumn::reading};
+constexpr std::array kColumns{LineColumn::input, LineColumn::reading, LineColumn::utc, LineColumn::local,
+                              LineColumn::unixSeconds};
 static_assert(kColumns.size() == kLineColumnCount);
 
 } // namespace
@@ -56,7 +56,7 @@ std::string_view Lines::text(std::size_t index) const {
 
 std::string_view title(LineColumn column) {
     static constexpr std::array<std::string_view, kLineColumnCount> kTitles{
-        "Input", "ISO 8601, UTC", "ISO 8601, local", "Unix seconds", "Read as"};
+        "Input", "Read as", "ISO 8601, UTC", "ISO 8601, local", "Unix seconds"};
     return kTitles[std::to_underlying(column)];
 }
 

@@ -41,7 +41,7 @@ struct LineRange {
 };
 
 // What the columns of a table of lines show.
-enum class LineColumn : std::uint8_t { input, utc, local, unixSeconds, reading };
+enum class LineColumn : std::uint8_t { input, reading, utc, local, unixSeconds };
 inline constexpr std::size_t kLineColumnCount = 5;
 
 [[nodiscard]] std::string_view title(LineColumn column);

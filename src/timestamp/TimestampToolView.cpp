@@ -35,7 +35,7 @@ namespace {
 constexpr int kOutputMinimum = 360;
 constexpr int kZonesMinimum = 280;
 constexpr int kZonesWidth = 420;
-constexpr int kContentWidth = 1'050; // any width with room for both panes
+constexpr int kIdealWidth = 1'050;
 
 QString counted(std::size_t count, std::string_view one, std::string_view many) {
     return QString::fromStdString(countText(count, one, many));
@@ -73,7 +73,13 @@ TimestampToolView::TimestampToolView(TimestampToolViewModel& model, QWidget* par
     auto* splitter = new Splitter(Qt::Horizontal);
     splitter->addPane(m_outputPane, 1, kOutputMinimum);
     splitter->addPane(m_zonesPane, 0, kZonesMinimum);
-    splitter->setSizes({kContentWidth - kZonesWidth, kZonesWidth});
+    const auto divide = [splitter](int width, int zonesWidth) {
+        splitter->setSizes({width - zonesWidth, zonesWidth});
+    };
+    divide(kIdealWidth, kZonesWidth);
+    connect(&toolbar(), &Toolbar::narrowChanged, this, [this, divide](bool isNarrow) {
+        divide(toolbar().width(), isNarrow ? kZonesMinimum : kZonesWidth);
+    });
     PaneHeader::alignHeights({&m_outputPane->header(), &m_zonesPane->header()});
 
     auto* input = new TimestampInputPane(m_model);

@@ -43,6 +43,39 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 17> kRenamed
     {"Pacific/Enderbury", "Pacific/Kanton"},
 }};
 
+// Cities that ICU has in ASCII only, because its English names are made from the zones'.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 20> kCities{{
+    {"Africa/Lome", "Lomé"},
+    {"America/Araguaina", "Araguaína"},
+    {"America/Argentina/Rio_Gallegos", "Río Gallegos"},
+    {"America/Argentina/Tucuman", "Tucumán"},
+    {"America/Belem", "Belém"},
+    {"America/Bogota", "Bogotá"},
+    {"America/Cancun", "Cancún"},
+    {"America/Cordoba", "Córdoba"},
+    {"America/Cuiaba", "Cuiabá"},
+    {"America/Eirunepe", "Eirunepé"},
+    {"America/Maceio", "Maceió"},
+    {"America/Mazatlan", "Mazatlán"},
+    {"America/Merida", "Mérida"},
+    {"America/Santarem", "Santarém"},
+    {"America/Sao_Paulo", "São Paulo"},
+    {"Europe/Busingen", "Büsingen"},
+    {"Europe/Zurich", "Zürich"},
+    {"Indian/Mahe", "Mahé"},
+    {"Pacific/Galapagos", "Galápagos"},
+    {"Pacific/Noumea", "Nouméa"},
+}};
+
+// The second of the pair whose first is the key; empty when there is none.
+template <std::size_t Size>
+std::string_view lookUp(const std::array<std::pair<std::string_view, std::string_view>, Size>& table,
+                        std::string_view key) {
+    const auto* const found =
+        std::ranges::find(table, key, &std::pair<std::string_view, std::string_view>::first);
+    return found == table.end() ? std::string_view() : found->second;
+}
+
 icu::UnicodeString utf16(std::string_view text) {
     return icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
 }
@@ -150,9 +183,8 @@ std::string abbreviationsOf(const icu::UnicodeString& id, std::string_view name,
 
 ZoneCatalogue::Zone makeZone(const icu::UnicodeString& id, std::int64_t seconds) {
     const std::string formerName = utf8(id);
-    const auto* const renamed =
-        std::ranges::find(kRenamedZones, formerName, &decltype(kRenamedZones)::value_type::first);
-    std::string name = renamed == kRenamedZones.end() ? formerName : std::string(renamed->second);
+    const auto renamed = lookUp(kRenamedZones, formerName);
+    const std::string name(renamed.empty() ? formerName : renamed);
 
     std::array<char, 8> region{};
     UErrorCode status = U_ZERO_ERROR;
@@ -182,6 +214,9 @@ std::string cityName(const std::string& zoneName) {
     icu::UnicodeString canonical;
     UErrorCode status = U_ZERO_ERROR;
     icu::TimeZone::getCanonicalID(utf16(zoneName), canonical, status);
+    if (const auto city = lookUp(kCities, utf8(canonical)); !city.empty()) {
+        return std::string(city);
+    }
     icu::UnicodeString city;
     englishNames().getExemplarLocationName(canonical, city);
     return utf8(city);

@@ -95,6 +95,8 @@ ZonePicker::ZonePicker(const QString& title, ZoneSearchModel& zones, QWidget* pa
     m_list->setModel(&m_zones);
     m_list->setItemDelegate(new ZoneDelegate(m_list));
     m_list->setFrameShape(QFrame::NoFrame);
+    m_list->viewport()->setAutoFillBackground(false); // on the popover's own fill
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setUniformItemSizes(true);
     m_list->setMouseTracking(true);
     m_list->setFocusPolicy(Qt::NoFocus); // the field's arrow keys move in it

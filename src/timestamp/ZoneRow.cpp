@@ -40,18 +40,22 @@ void ZoneRow::setZone(const TimestampToolViewModel::OtherZone& zone) {
     if (!zone.time) {
         setTexts({.title = zone.city, .note = zone.name, .value = u"–"_s, .detail = {}});
         setContent(zone.city, {});
+        setToolTip(zone.name);
         return;
     }
     const auto offset = QString::fromStdString(offsetText(zone.time->offset.seconds));
     const auto clock = QString::fromStdString(zone.time->clock);
     const auto date = QString::fromStdString(zone.time->date);
+    const auto summerTime = zone.time->offset.isSummerTime ? tr("summer time") : QString();
     setTexts({.title = zone.city,
-              .remark = zone.time->offset.isSummerTime ? tr("summer time") : QString(),
-              .note = zone.name + u" · "_s + offset,
+              .remark = summerTime,
+              .note = zone.name,
+              .noteEnd = u" · "_s + offset,
               .value = clock,
               .valueRemark = differenceText(zone.time->dayDifference),
               .detail = date});
     setContent(zone.city, date + u' ' + clock + u' ' + offset);
+    setToolTip(zone.name + u" · "_s + offset + (summerTime.isEmpty() ? QString() : u" · "_s + summerTime));
 }
 
 void ZoneRow::takeFocus() {

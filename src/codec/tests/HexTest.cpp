@@ -57,7 +57,7 @@ TEST(HexDump, FillsRowsOfAnyLength) {
 
 TEST(HexDump, FitsRowsIntoAWidth) {
     for (const auto& [characters, bytes] :
-         {std::pair(0U, 1U), {21U, 1U}, {22U, 2U}, {29U, 3U}, {30U, 4U}, {61U, 8U}, {62U, 12U}, {78U, 16U}}) {
+         {std::pair(0U, 1U), {20U, 1U}, {21U, 2U}, {28U, 3U}, {29U, 4U}, {61U, 8U}, {62U, 12U}, {78U, 16U}}) {
         EXPECT_EQ(Codec::hexDumpBytesPerRow(characters), bytes) << characters;
     }
 }

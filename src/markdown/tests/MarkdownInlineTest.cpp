@@ -195,8 +195,7 @@ TEST(MarkdownInline, EqualsItsPatternsOnGeneratedTexts) {
                                              "\xC2\x85",
                                              "\x01",
                                              "\x01S0\x01",
-                                             "\x01"
-                                             "C0\x01",
+                                             "\001C0\001",
                                              "javascript:",
                                              "data:image/png,",
                                              "mailto:a@b",

@@ -22,10 +22,10 @@ TEST(TimestampLines, WritesItsTableWithTabs) {
     const FixedZone zone(3'600);
     const auto lines = Lines::read("0.5\nno\ttime", UnitChoice::automatic, zone);
     EXPECT_EQ(tabSeparated(lines, {.first = 0, .count = 2}, zone),
-              "Input\tISO 8601, UTC\tISO 8601, local\tUnix seconds\tRead as\n"
-              "0.5\t1970-01-01T00:00:00.500Z\t1970-01-01T01:00:00.500+01:00\t0.5\tUnix seconds\n"
-              "no time\t\t\t\t" +
-                  std::string(message(Failure::unrecognised)) + "\n");
+              "Input\tRead as\tISO 8601, UTC\tISO 8601, local\tUnix seconds\n"
+              "0.5\tUnix seconds\t1970-01-01T00:00:00.500Z\t1970-01-01T01:00:00.500+01:00\t0.5\n"
+              "no time\t" +
+                  std::string(message(Failure::unrecognised)) + "\t\t\t\n");
 }
 
 TEST(TimestampLines, StopsWhenAskedTo) {

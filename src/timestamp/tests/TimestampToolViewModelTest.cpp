@@ -164,17 +164,17 @@ TEST_F(TimestampToolViewModelTest, ReadsAPastedListLineByLine) {
     ASSERT_TRUE(waitUntil([&] { return listed.count() == 1; }));
     auto& lines = model->lines();
     ASSERT_EQ(lines.rowCount(), 3);
-    EXPECT_EQ(lines.index(0, 1).data(), u"1970-01-01T00:00:00Z"_s);
+    EXPECT_EQ(lines.index(0, 2).data(), u"1970-01-01T00:00:00Z"_s);
     EXPECT_EQ(lines.index(1, 0).data(), u"nonsense"_s);
     EXPECT_EQ(lines.index(1, 0).data(LineTableModel::kIsFailureRole), true);
-    EXPECT_EQ(lines.index(2, 2).data(), u"2026-09-26T00:00:00+02:00"_s);
+    EXPECT_EQ(lines.index(2, 3).data(), u"2026-09-26T00:00:00+02:00"_s);
     EXPECT_EQ(model->instant()->seconds, 0);
 
     model->setCurrentLine(2);
     EXPECT_EQ(model->formName(), u"ISO 8601"_s);
     model->setLocalZone(u"UTC"_s);
     ASSERT_TRUE(waitUntil([&] { return listed.count() == 2; }));
-    EXPECT_EQ(lines.index(2, 2).data(), u"2026-09-26T00:00:00Z"_s);
+    EXPECT_EQ(lines.index(2, 3).data(), u"2026-09-26T00:00:00Z"_s);
     EXPECT_EQ(model->currentLine(), 2);
     EXPECT_EQ(model->instant()->seconds, 1'790'380'800);
 
@@ -182,7 +182,7 @@ TEST_F(TimestampToolViewModelTest, ReadsAPastedListLineByLine) {
     model->copyLines(2, 1);
     ASSERT_TRUE(waitUntil([&] { return copied.count() == 1; }));
     EXPECT_TRUE(copied[0][0].toString().endsWith(
-        u"\n2026-09-26\t2026-09-26T00:00:00Z\t2026-09-26T00:00:00Z\t1790380800\tISO 8601\n"_s));
+        u"\n2026-09-26\tISO 8601\t2026-09-26T00:00:00Z\t2026-09-26T00:00:00Z\t1790380800\n"_s));
 }
 
 TEST_F(TimestampToolViewModelTest, GivesTheTextBackWhenTheListIsCleared) {

@@ -77,6 +77,7 @@ TEST(ZoneCatalogue, KnowsRenamedZonesByBothNames) {
     EXPECT_EQ(found("kiev"), std::vector<std::string>{"Europe/Kyiv"});
     EXPECT_EQ(found("saigon"), std::vector<std::string>{"Asia/Ho_Chi_Minh"});
     EXPECT_EQ(cityName("Asia/Kolkata"), "Kolkata");
+    EXPECT_EQ(cityName("America/Sao_Paulo"), "São Paulo");
 }
 
 TEST(ZoneCatalogue, PutsCitiesThatBeginWithTheQueryFirst) {
