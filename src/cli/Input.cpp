@@ -153,4 +153,12 @@ std::string_view withoutByteOrderMark(std::string_view text) {
     return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
 }
 
+std::expected<std::u16string, Failure> readUnits(const std::string& path) {
+    const auto text = readText(path);
+    if (!text) {
+        return std::unexpected(text.error());
+    }
+    return *utf16FromUTF8(withoutByteOrderMark(text->view()));
+}
+
 } // namespace tarnquill::cli

@@ -41,4 +41,7 @@ private:
 
 [[nodiscard]] std::string_view withoutByteOrderMark(std::string_view text);
 
+// The same as an editor would hold it, for commands about positions.
+[[nodiscard]] std::expected<std::u16string, Failure> readUnits(const std::string& path);
+
 } // namespace tarnquill::cli

@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/Input.h"
+#include "cli/PositionLines.h"
 #include "cli/StandardOutput.h"
 #include "common/UnicodeText.h"
 #include "json/JSONFormatter.h"
@@ -86,19 +87,6 @@ Result validate(const std::string& file) {
     return result;
 }
 
-// What a command about positions works on: the file as the editor would hold it.
-std::expected<std::u16string, Failure> readUnits(const std::string& file) {
-    const auto text = readText(file);
-    if (!text) {
-        return std::unexpected(text.error());
-    }
-    return *utf16FromUTF8(withoutByteOrderMark(text->view()));
-}
-
-std::string written(TextRange range) {
-    return std::to_string(range.location) + "\t" + std::to_string(range.length);
-}
-
 Result search(const Options& options) {
     const auto query = utf16FromUTF8(options.query);
     if (!query) {
@@ -111,7 +99,7 @@ Result search(const Options& options) {
     Result result{.exitStatus = kRefused, .output = {}, .error = {}};
     for (const auto& match : JSONSearch::matches(*query, *text, options.scope)) {
         result.exitStatus = 0;
-        result.output += written(match) + "\n";
+        result.output += positionColumns(match) + "\n";
     }
     return result;
 }
@@ -126,11 +114,7 @@ Result tokens(const Options& options) {
     const TextRange all{0, text->size()};
     const auto kinds = options.onlyRules ? JSONSyntaxTokens::tokensByRules(*text, all)
                                          : JSONSyntaxTokens::tokens(*text, all);
-    Result result;
-    for (const auto& run : syntaxRuns(kinds)) {
-        result.output.append(written(run.range)).append("\t").append(kNames[run.kind]).append("\n");
-    }
-    return result;
+    return tokenLines(kinds, [&](SyntaxKind kind) { return kNames[kind]; });
 }
 
 void addFileOption(CLI::App& command, Options& options) {

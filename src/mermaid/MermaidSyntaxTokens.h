@@ -10,8 +10,12 @@ namespace tarnquill::MermaidSyntaxTokens {
 
 enum class Token : SyntaxKind { plain, punctuation, label, arrow, keyword, diagramType, comment };
 
-// The kind of every UTF-16 unit of some whole lines, as a number of Token.
+// The kind of every UTF-16 unit of some whole lines, as a number of Token. Takes time in proportion to their
+// length.
 [[nodiscard]] SyntaxKinds tokens(std::u16string_view lines);
+
+// The same kinds from the table of patterns that defines them, which is slower.
+[[nodiscard]] SyntaxKinds tokensByRules(std::u16string_view lines);
 
 [[nodiscard]] std::string_view name(Token token);
 
