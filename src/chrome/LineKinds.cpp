@@ -89,7 +89,7 @@ void LineKinds::apply(const TextChange& change, const TextBuffer& after, Edited 
             return true;
         }
         record.edit(change);
-        return after.lineRange(after.lineAt(range.location)) != range;
+        return edited == Edited::keepOneLine && after.lineRange(after.lineAt(range.location)) != range;
     });
 }
 

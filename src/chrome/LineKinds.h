@@ -1,4 +1,4 @@
-// The syntax kinds of some lines of a text, kept through edits of the text.
+// The syntax kinds of some lines of a text, or of all of them together, kept through edits of the text.
 #pragma once
 
 #include "common/SyntaxRules.h"
@@ -15,7 +15,7 @@ public:
     public:
         Record(TextRange line, SyntaxKinds kinds);
 
-        // The line, without its line feed.
+        // The line, without its line feed; or the text.
         [[nodiscard]] TextRange range() const { return m_range; }
         // Whether the line is as it was when its kinds were found.
         [[nodiscard]] bool isCurrent() const { return m_edits.empty(); }
@@ -37,8 +37,8 @@ public:
     const Record& set(TextRange line, SyntaxKinds kinds);
 
     // Moves what is behind a change of the text. The kinds of lines that it touches are forgotten, or kept as
-    // long as they still are one line.
-    enum class Edited : std::uint8_t { forget, keep };
+    // long as they still are one line, or kept in any case.
+    enum class Edited : std::uint8_t { forget, keepOneLine, keep };
     void apply(const TextChange& change, const TextBuffer& after, Edited edited);
 
     void clear() { m_records.clear(); }

@@ -15,24 +15,27 @@ constexpr std::chrono::milliseconds kTypingPause{100};
 
 } // namespace
 
-SyntaxHighlighter::SyntaxHighlighter(Tokenizer tokenizer, StyleOf styleOf, QObject* parent)
-    : QObject(parent), m_tokenize(std::move(tokenizer)), m_styleOf(std::move(styleOf)) {}
+SyntaxHighlighter::SyntaxHighlighter(Tokenizer tokenizer, StyleOf styleOf, Scope scope, QObject* parent)
+    : QObject(parent), m_tokenize(std::move(tokenizer)), m_styleOf(std::move(styleOf)), m_scope(scope) {}
 
 void SyntaxHighlighter::setText(const TextBuffer& text, const TextChange& change) {
     m_text = text;
     m_coverage.apply(change, text, LineKinds::Edited::forget);
-    m_longLines.apply(change, text, LineKinds::Edited::keep);
+    m_longLines.apply(change, text,
+                      m_scope == Scope::text ? LineKinds::Edited::keep : LineKinds::Edited::keepOneLine);
     m_background.cancel();
     m_requested.reset();
 }
 
 SyntaxKinds SyntaxHighlighter::kinds(TextRange range) {
-    const auto* const known = kindsOfLine(m_text.lineRange(m_text.lineAt(range.location)));
+    const auto* const known =
+        kindsOf(m_scope == Scope::text ? TextRange{.location = 0, .length = m_text.length()}
+                                       : m_text.lineRange(m_text.lineAt(range.location)));
     return known != nullptr ? known->kinds(range) : SyntaxKinds();
 }
 
-const LineKinds::Record* SyntaxHighlighter::kindsOfLine(TextRange line) {
-    const auto isLong = line.length > kLongLine;
+const LineKinds::Record* SyntaxHighlighter::kindsOf(TextRange line) {
+    const auto isLong = line.length > kLongLine || m_scope == Scope::text;
     auto& records = isLong ? m_longLines : m_coverage;
     const auto* const known = records.find(line.location);
     if (known != nullptr && known->isCurrent()) {

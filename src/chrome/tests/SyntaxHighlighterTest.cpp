@@ -113,5 +113,40 @@ TEST_F(SyntaxHighlighterTest, ShowsNoKindsOfATextThatIsGone) {
     EXPECT_EQ(kinds({.location = 0, .length = 3}), u"abc");
 }
 
+// The kind of a unit is 1 inside quotation marks, wherever the line ends.
+SyntaxKinds quoted(std::u16string_view text) {
+    SyntaxKinds kinds(text.size());
+    SyntaxKind kind = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        kind = text[at] == u'"' ? !kind : kind;
+        kinds[at] = kind;
+    }
+    return kinds;
+}
+
+TEST_F(SyntaxHighlighterTest, FollowsTokensAcrossLinesWhereTheLanguageHasThem) {
+    SyntaxHighlighter highlighter(
+        quoted, [](SyntaxKind) { return SyntaxStyle{}; }, SyntaxHighlighter::Scope::text);
+    const QSignalSpy changed(&highlighter, &SyntaxHighlighter::kindsChanged);
+    TextBuffer text(std::u16string_view(u"a\n\"b\nc\nd"));
+    highlighter.setText(text, {.location = 0, .removed = 0, .inserted = text.length()});
+    EXPECT_EQ(highlighter.kinds({.location = 5, .length = 1}), SyntaxKinds{1});
+    text.replace({.location = 4, .length = 0}, u"\"");
+    highlighter.setText(text, {.location = 4, .removed = 0, .inserted = 1});
+    EXPECT_EQ(highlighter.kinds({.location = 6, .length = 1}), SyntaxKinds{0});
+
+    // A large text keeps its colours until the new ones are found.
+    const std::u16string body(SyntaxHighlighter::kBackgroundLine, u'b');
+    const TextBuffer large(u"\"" + body);
+    highlighter.setText(large, {.location = 0, .removed = text.length(), .inserted = large.length()});
+    EXPECT_EQ(highlighter.kinds({.location = 6, .length = 1}), SyntaxKinds{0});
+    ASSERT_TRUE(waitUntil([&] { return changed.count() == 1; }));
+    EXPECT_EQ(highlighter.kinds({.location = 6, .length = 1}), SyntaxKinds{1});
+    auto divided = large;
+    divided.replace({.location = 3, .length = 0}, u"\n");
+    highlighter.setText(divided, {.location = 3, .removed = 0, .inserted = 1});
+    EXPECT_EQ(highlighter.kinds({.location = 6, .length = 1}), SyntaxKinds{1});
+}
+
 } // namespace
 } // namespace tarnquill
