@@ -249,8 +249,11 @@ std::optional<Error> escapeError(std::string_view source, std::size_t escape, st
     if (offset >= source.size()) {
         return unexpected(source, source.size(), "an escape is not complete");
     }
-    const auto length = offset - escape + std::max<std::size_t>(characterLength(source, offset), 1);
-    const auto shown = source.substr(escape, source[offset] == '"' ? offset - escape : length);
+    // The character that spoils the escape is shown with it, but for one that is not seen or ends the text.
+    const auto spoiler = static_cast<unsigned char>(source[offset]);
+    const bool isShown = spoiler >= 0x20 && spoiler != 0x7F && spoiler != '"';
+    const auto shown =
+        source.substr(escape, offset - escape + (isShown ? characterLength(source, offset) : 0));
     if (source.substr(escape, 2) == "\\u") {
         return makeError(source, escape, shown.size(), "Malformed escape " + inQuotes(shown),
                          "\\u is followed by four hexadecimal digits");
