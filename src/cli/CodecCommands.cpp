@@ -1,3 +1,4 @@
+#include "cli/Choice.h"
 #include "cli/Commands.h"
 #include "cli/Input.h"
 #include "cli/StandardOutput.h"
@@ -5,7 +6,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <map>
 #include <memory>
 #include <string>
 
@@ -58,10 +58,9 @@ CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, 
                      Options& options) {
     auto* command = tool.add_subcommand(name, description);
     command->add_option("FILE", options.file, "The file to read; standard input when absent or “-”");
-    const std::map<std::string, Scheme> schemes{
-        {"base64", Scheme::base64}, {"url", Scheme::url}, {"html", Scheme::html}, {"hex", Scheme::hex}};
-    command->add_option("--scheme", options.scheme, "The encoding: base64, url, html or hex [base64]")
-        ->transform(CLI::CheckedTransformer(schemes).description(""));
+    addChoice(
+        *command, "--scheme", options.scheme, "The encoding: base64, url, html or hex [base64]",
+        {{"base64", Scheme::base64}, {"url", Scheme::url}, {"html", Scheme::html}, {"hex", Scheme::hex}});
     command->add_flag("--url-safe", options.codec.urlSafe,
                       "Use - and _ in place of + and /, and drop the = padding");
     command->add_flag("--plus-for-space", options.codec.plusForSpace,

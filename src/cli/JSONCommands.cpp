@@ -1,3 +1,4 @@
+#include "cli/Choice.h"
 #include "cli/Commands.h"
 #include "cli/Input.h"
 #include "cli/PositionLines.h"
@@ -11,11 +12,11 @@
 
 #include <array>
 #include <charconv>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tarnquill::cli {
 
@@ -128,20 +129,18 @@ CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, 
 }
 
 void addSortOption(CLI::App& command, Options& options) {
-    const std::map<std::string, SortMode> modes{
-        {"none", SortMode::none}, {"ascending", SortMode::ascending}, {"descending", SortMode::descending}};
-    command
-        .add_option("--sort", options.sortMode, "The order of the keys: none, ascending or descending [none]")
-        ->transform(CLI::CheckedTransformer(modes).description(""));
+    addChoice(
+        command, "--sort", options.sortMode, "The order of the keys: none, ascending or descending [none]",
+        {{"none", SortMode::none}, {"ascending", SortMode::ascending}, {"descending", SortMode::descending}});
 }
 
 void addScopeOption(CLI::App& command, Options& options) {
-    std::map<std::string, JSONSearch::Scope> scopes;
+    std::vector<std::pair<std::string, JSONSearch::Scope>> scopes;
     for (const auto scope : JSONSearch::kScopes) {
-        scopes.emplace(name(scope), scope);
+        scopes.emplace_back(name(scope), scope);
     }
-    command.add_option("--scope", options.scope, "Where to search: all, keys or values [all]")
-        ->transform(CLI::CheckedTransformer(scopes).description(""));
+    addChoice(command, "--scope", options.scope, "Where to search: all, keys or values [all]",
+              std::move(scopes));
 }
 
 void addIndentOption(CLI::App& command, Options& options) {

@@ -1,3 +1,4 @@
+#include "cli/Choice.h"
 #include "cli/Commands.h"
 #include "cli/Input.h"
 #include "common/ICUTimeZone.h"
@@ -5,10 +6,11 @@
 
 #include <CLI/CLI.hpp>
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tarnquill::cli {
 
@@ -61,15 +63,14 @@ Result readInput(const Options& options) {
 }
 
 void addUnitOption(CLI::App& command, Options& options) {
-    std::map<std::string, UnitChoice> choices;
+    std::vector<std::pair<std::string, UnitChoice>> choices;
     for (const auto choice : {UnitChoice::automatic, UnitChoice::seconds, UnitChoice::milliseconds,
                               UnitChoice::microseconds, UnitChoice::nanoseconds}) {
-        choices.emplace(rawText(choice), choice);
+        choices.emplace_back(rawText(choice), choice);
     }
-    command
-        .add_option("--unit", options.unit,
-                    "How to read a number: auto, seconds, milliseconds, microseconds or nanoseconds [auto]")
-        ->transform(CLI::CheckedTransformer(choices).description(""));
+    addChoice(command, "--unit", options.unit,
+              "How to read a number: auto, seconds, milliseconds, microseconds or nanoseconds [auto]",
+              std::move(choices));
 }
 
 void addZoneOption(CLI::App& command, Options& options) {

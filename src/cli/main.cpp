@@ -45,6 +45,10 @@ Result run(int argc, char** argv) {
         application.parse(argc, argv);
     } catch (const CLI::Success& request) { // --help or --version
         application.exit(request);
+    } catch (const CLI::RequiredError& error) {
+        // What is missing is often there, but misspelt.
+        const auto unknown = application.remaining(true);
+        return wrongUsage(unknown.empty() ? error.what() : CLI::ExtrasError(unknown).what());
     } catch (const CLI::ParseError& error) {
         return wrongUsage(error.what());
     }
