@@ -1,5 +1,6 @@
 #include "chrome/CodeEditor.h"
 
+#include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "common/TextNavigation.h"
 
@@ -33,6 +34,7 @@ CodeEditor::CodeEditor(QWidget* parent) : TextDropTextView(parent) {
     connect(this, &TextView::selectionChanged, this, [this] {
         m_brackets = hasSelectedText() ? std::nullopt : matchBrackets(buffer(), textSelection().caret);
     });
+    connect(&EditorOptions::instance(), &EditorOptions::changed, this, &CodeEditor::updateColumns);
 }
 
 void CodeEditor::setHighlighter(std::unique_ptr<SyntaxHighlighter> highlighter) {
@@ -46,7 +48,7 @@ void CodeEditor::setHighlighter(std::unique_ptr<SyntaxHighlighter> highlighter) 
 }
 
 void CodeEditor::setLineNumbersVisible(bool visible) {
-    m_showsLineNumbers = visible;
+    m_numbersLines = visible;
     updateColumns();
 }
 
@@ -160,7 +162,7 @@ int CodeEditor::digits() const {
 }
 
 int CodeEditor::gutterWidth() const {
-    if (!m_showsLineNumbers) {
+    if (!m_numbersLines || !EditorOptions::instance().showsLineNumbers()) {
         return 0;
     }
     const QFontMetricsF metrics(zoomed(Theme::instance().font(FontRole::lineNumber)));

@@ -24,7 +24,7 @@ public:
 
     void setHighlighter(std::unique_ptr<SyntaxHighlighter> highlighter);
 
-    [[nodiscard]] bool showsLineNumbers() const { return m_showsLineNumbers; }
+    // Whether the editor numbers its lines, unless the user has switched line numbers off (EditorOptions).
     void setLineNumbersVisible(bool visible);
 
     // What one step of indentation has; 2 at first.
@@ -59,7 +59,7 @@ private:
     std::optional<BracketMatch> m_brackets;
     std::size_t m_indentWidth = 2;
     int m_digits = 1;
-    bool m_showsLineNumbers = false;
+    bool m_numbersLines = false;
 };
 
 } // namespace tarnquill

@@ -1,5 +1,6 @@
 #include "shell/ViewCommands.h"
 
+#include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "shell/AppShellView.h"
 #include "shell/ToolCatalogue.h"
@@ -17,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kAppearance = u"appearance"_s;
+const QString kLineNumbers = u"lineNumbers"_s;
 
 // Appearances by the name that the settings keep.
 const std::array kAppearances{
@@ -33,7 +35,7 @@ ViewCommands::ViewCommands(AppShellView& window, QSettings& settings)
     addSeparator();
     addSidebar();
     addSeparator();
-    addZoom();
+    addEditors(settings);
     addSeparator();
     addAppearances(settings);
 }
@@ -84,11 +86,20 @@ void ViewCommands::addSidebar() {
     update(m_window.isSidebarShown());
 }
 
-void ViewCommands::addZoom() {
+void ViewCommands::addEditors(QSettings& settings) {
     addToolCommand(*this, m_window, ToolCommand::zoomIn, tr("Zoom In"),
                    {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal});
     addToolCommand(*this, m_window, ToolCommand::zoomOut, tr("Zoom Out"), {Qt::CTRL | Qt::Key_Minus});
     addToolCommand(*this, m_window, ToolCommand::resetZoom, tr("Actual Size"), {Qt::CTRL | Qt::Key_0});
+    auto& options = EditorOptions::instance();
+    options.setLineNumbersVisible(settings.value(kLineNumbers, true).toBool());
+    auto* const lineNumbers = addAction(tr("Line Numbers"));
+    lineNumbers->setCheckable(true);
+    lineNumbers->setChecked(options.showsLineNumbers());
+    connect(lineNumbers, &QAction::triggered, this, [&settings, &options](bool visible) {
+        settings.setValue(kLineNumbers, visible);
+        options.setLineNumbersVisible(visible);
+    });
 }
 
 void ViewCommands::addAppearances(QSettings& settings) {

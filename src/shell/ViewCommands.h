@@ -1,4 +1,4 @@
-// The View menu: which tool is shown, the sidebar, the size of the editors' text and the appearance.
+// The View menu: which tool is shown, the sidebar, the look of the editors and the appearance.
 #pragma once
 
 #include <QMenu>
@@ -13,7 +13,7 @@ class ViewCommands : public QMenu {
     Q_OBJECT
 
 public:
-    // The chosen appearance is kept in the settings, which must outlive the menu.
+    // What is chosen is kept in the settings, which must outlive the menu.
     ViewCommands(AppShellView& window, QSettings& settings);
 
     // Gives the theme the appearance that was chosen last.
@@ -22,7 +22,7 @@ public:
 private:
     void addTools();
     void addSidebar();
-    void addZoom();
+    void addEditors(QSettings& settings);
     void addAppearances(QSettings& settings);
 
     AppShellView& m_window;

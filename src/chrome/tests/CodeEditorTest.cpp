@@ -1,5 +1,6 @@
 #include "chrome/CodeEditor.h"
 
+#include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "common/testing/WaitUntil.h"
 
@@ -129,6 +130,11 @@ TEST_F(CodeEditorTest, MakesRoomForLineNumbers) {
     EXPECT_GT(m_editor.caretRect(0).left(), 60);
     QTest::mouseClick(m_editor.viewport(), Qt::LeftButton, {}, {5, 40});
     EXPECT_EQ(m_editor.selection(), (TextRange{.location = 1, .length = 1})) << "a click selects the line";
+
+    EditorOptions::instance().setLineNumbersVisible(false);
+    EXPECT_EQ(m_editor.caretRect(0).left(), 12);
+    EditorOptions::instance().setLineNumbersVisible(true);
+    EXPECT_GT(m_editor.caretRect(0).left(), 60);
 }
 
 TEST_F(CodeEditorTest, IndentsAndOutdentsWithTab) {

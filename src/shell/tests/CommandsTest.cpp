@@ -1,3 +1,4 @@
+#include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
 #include "common/testing/WaitUntil.h"
@@ -64,7 +65,10 @@ protected:
         window.focusToolView();
     }
 
-    void TearDown() override { Theme::instance().setAppearance(Appearance::light); }
+    void TearDown() override {
+        Theme::instance().setAppearance(Appearance::light);
+        EditorOptions::instance().setLineNumbersVisible(true);
+    }
 
     NoteView& note() { return static_cast<NoteView&>(window.toolView()); }
 
@@ -194,6 +198,16 @@ TEST_F(CommandsTest, PassesFindAndZoomToTheShownTool) {
     QTest::keyClick(&window, Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(note().performed, (QList{ToolCommand::find, ToolCommand::findNext, ToolCommand::findPrevious,
                                        ToolCommand::zoomIn, ToolCommand::zoomOut, ToolCommand::resetZoom}));
+}
+
+TEST_F(CommandsTest, SwitchesLineNumbersOffForGood) {
+    choose(view, u"Line Numbers"_s);
+    EXPECT_FALSE(EditorOptions::instance().showsLineNumbers());
+    const ViewCommands later(window, settings);
+    EXPECT_FALSE(EditorOptions::instance().showsLineNumbers());
+    EXPECT_FALSE(action(later, u"Line Numbers"_s).isChecked());
+    choose(view, u"Line Numbers"_s);
+    EXPECT_TRUE(EditorOptions::instance().showsLineNumbers());
 }
 
 TEST_F(CommandsTest, SwitchesTheAppearanceAtOnceAndKeepsIt) {
