@@ -32,7 +32,6 @@ namespace {
 using Indent = JSONFormatter::Indent;
 using OutputMode = JSONToolViewModel::OutputMode;
 using Pane = JSONToolViewModel::Pane;
-using Scope = JSONSearch::Scope;
 using SortMode = JSONFormatter::SortMode;
 
 constexpr int kPaneMinimum = 320;
@@ -48,7 +47,6 @@ constexpr std::array kIndents{IndentChoice{.title = u"2 spaces", .indent = Inden
                               IndentChoice{.title = u"4 spaces", .indent = Indent::spaces(4)},
                               IndentChoice{.title = u"8 spaces", .indent = Indent::spaces(8)},
                               IndentChoice{.title = u"Tabs", .indent = Indent::tabs()}};
-constexpr std::array kScopes{Scope::all, Scope::keys, Scope::values};
 
 struct SortLook {
     QString title;
@@ -127,11 +125,14 @@ void JSONToolView::makeToolbar() {
 
     m_search = new SearchBar(SearchBar::Parts::withNavigation);
     m_search->setWidths(kSearchMinimum, kSearchWidth);
-    m_search->setScopes({u"All text"_s, u"Keys"_s, u"Values"_s},
-                        u"Search all text, only keys, or only values"_s);
+    QStringList scopes;
+    for (const auto scope : JSONSearch::kScopes) {
+        scopes.append(QString::fromUtf8(JSONSearch::title(scope)));
+    }
+    m_search->setScopes(scopes, u"Search all text, only keys, or only values"_s);
     const auto search = [this] {
         m_model.setSearch(m_search->text().toStdU16String(),
-                          kScopes[static_cast<std::size_t>(m_search->scope())]);
+                          JSONSearch::kScopes[static_cast<std::size_t>(m_search->scope())]);
     };
     connect(m_search, &SearchBar::textChanged, this, search);
     connect(m_search, &SearchBar::scopeChanged, this, search);
@@ -311,9 +312,8 @@ void JSONToolView::reveal(Pane pane, const Reveal& reveal) {
 }
 
 void JSONToolView::chooseFile() {
-    const auto path =
-        QFileDialog::getOpenFileName(this, u"Open a JSON file"_s, QFileInfo(m_model.filePath()).path(),
-                                     u"JSON files (*.json);;All files (*)"_s);
+    const auto path = QFileDialog::getOpenFileName(
+        this, u"Open a JSON file"_s, QFileInfo(m_model.filePath()).path(), u"JSON files (*.json)"_s);
     if (!path.isEmpty()) {
         m_model.open(path);
     }
