@@ -2,14 +2,10 @@
 
 #include <sys/wait.h>
 
-#include <array>
-#include <atomic>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <ostream>
 
 namespace tarnquill::cli {
 
@@ -53,8 +49,8 @@ std::string quoted(const std::string& argument) {
 
 } // namespace
 
-void PrintTo(const Outcome& outcome, std::ostream* stream) {
-    *stream << "status " << outcome.exitStatus << "\n" << outcome.output << outcome.error;
+std::ostream& operator<<(std::ostream& stream, const Outcome& outcome) {
+    return stream << "status " << outcome.exitStatus << "\n" << outcome.output << outcome.error;
 }
 
 Outcome run(const std::vector<std::string>& arguments, const std::string& input) {

@@ -1,6 +1,7 @@
 // Runs the command line as a script would.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ struct Outcome {
 };
 
 // For test failures.
-void PrintTo(const Outcome& outcome, std::ostream* stream);
+std::ostream& operator<<(std::ostream& stream, const Outcome& outcome);
 
 // Runs tarnquill-cli with the arguments and gives it the input on a pipe.
 [[nodiscard]] Outcome run(const std::vector<std::string>& arguments, const std::string& input = {});
