@@ -4,6 +4,16 @@
 
 namespace tarnquill {
 
+namespace {
+
+// Not Qt's global pool: Qt paints large fills with that one, and the window would wait for what runs here.
+QThreadPool& threadPool() {
+    static QThreadPool pool;
+    return pool;
+}
+
+} // namespace
+
 LatestTask::LatestTask(QObject* parent) : QObject(parent) {
     m_mailbox->owner = this;
     m_delay.setSingleShot(true);
@@ -38,7 +48,7 @@ void LatestTask::run() {
     if (!m_long) {
         m_longWork.start(kLongWork);
     }
-    QThreadPool::globalInstance()->start(
+    threadPool().start(
         [mailbox = m_mailbox, job = std::exchange(m_job, nullptr), token = m_running.get_token()] {
             if (token.stop_requested()) {
                 return;
