@@ -33,7 +33,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kOutputMinimum = 360;
-constexpr int kZonesMinimum = 280;
+constexpr int kZonesMinimum = 308;
 constexpr int kZonesWidth = 420;
 constexpr int kIdealWidth = 1'050;
 
