@@ -5,6 +5,9 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <random>
 
 namespace tarnquill {
@@ -88,6 +91,30 @@ void dump(benchmark::State& state) {
     state.SetBytesProcessed(state.range(0) * state.iterations());
 }
 
+// The peers of the two others: whole programs, from a file to nowhere.
+void peer(benchmark::State& state, const char* program, std::string_view file, std::size_t size) {
+    const auto path = std::filesystem::temp_directory_path() / "tarnquill-codec-bench";
+    std::ofstream(path, std::ios::binary) << file;
+    const auto command = program + (' ' + path.string()) + " >/dev/null";
+    for (auto _ : state) {
+        if (std::system(command.c_str()) !=
+            0) { // NOLINT(bugprone-command-processor): of this benchmark's own words
+            state.SkipWithError("not installed");
+            break;
+        }
+    }
+    std::filesystem::remove(path);
+    state.SetBytesProcessed(static_cast<std::int64_t>(size) * state.iterations());
+}
+void xxd(benchmark::State& state) {
+    const auto size = static_cast<std::size_t>(state.range(0));
+    peer(state, "xxd", randomBytes(size), size);
+}
+void gzip(benchmark::State& state) {
+    const auto text = plainText(32'000'000);
+    peer(state, "gzip -dc <", pack(text, Inflate::Format::gzip), text.size());
+}
+
 // Bytes per second are those of the output here.
 void unpack(benchmark::State& state, Inflate::Format format) {
     const auto packed = pack(plainText(32'000'000), format);
@@ -111,9 +138,11 @@ BENCHMARK_CAPTURE(decodeText, html, Codec::Scheme::html);
 BENCHMARK_CAPTURE(encodeText, hex, Codec::Scheme::hex);
 BENCHMARK_CAPTURE(decodeText, hex, Codec::Scheme::hex);
 BENCHMARK(decodeSpacedHex);
-BENCHMARK(dump)->Arg(65'536)->Arg(16'777'216);
-BENCHMARK_CAPTURE(unpack, gzip, Inflate::Format::gzip);
-BENCHMARK_CAPTURE(unpack, zlib, Inflate::Format::zlib);
+BENCHMARK(dump)->Arg(65'536)->Arg(16'777'216)->UseRealTime();
+BENCHMARK(xxd)->Arg(16'777'216)->UseRealTime();
+BENCHMARK_CAPTURE(unpack, gzip, Inflate::Format::gzip)->UseRealTime();
+BENCHMARK_CAPTURE(unpack, zlib, Inflate::Format::zlib)->UseRealTime();
+BENCHMARK(gzip)->UseRealTime();
 
 } // namespace
 

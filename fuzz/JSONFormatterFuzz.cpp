@@ -6,21 +6,22 @@
 
 #include <boost/json/parse.hpp>
 
-#include <optional>
-
 namespace {
 
 using namespace tarnquill;
 using JSONFormatter::Indent;
 using JSONFormatter::SortMode;
 
-// What the text says, with numbers as doubles, or nothing when it is not JSON.
-std::optional<boost::json::value> meaningOf(std::string_view text) {
+// What the text says, with numbers as doubles, or why it is not JSON.
+boost::system::result<boost::json::value> meaningOf(std::string_view text) {
     boost::json::parse_options options;
     options.max_depth = JSONReader::kDeepestNesting;
     boost::system::error_code error;
     auto value = boost::json::parse(text, error, {}, options);
-    return error ? std::nullopt : std::optional(std::move(value));
+    if (error) {
+        return error;
+    }
+    return value;
 }
 
 // The formatter drops a byte-order mark; Boost.JSON does not know it.
@@ -40,7 +41,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(data + 1, data + size);
 
     const auto meaning = meaningOf(withoutMark(text));
+    if (meaning.has_error() && meaning.error() == boost::json::error::exponent_overflow) {
+        return 0; // a number that JSON allows and Boost.JSON does not
+    }
     const auto outputs = JSONFormatter::outputs(text, indent, sortMode);
+    if (outputs.validation.error.value_or("").ends_with("it is beyond the range of a double.")) {
+        return 0; // which Boost.JSON takes for an infinity
+    }
     fuzz::require(outputs.validation.isValid == meaning.has_value());
     fuzz::require(JSONFormatter::validate(text) == outputs.validation);
     fuzz::require(outputs.validation.byteSize == static_cast<std::int64_t>(text.size()));
