@@ -1,14 +1,25 @@
 #include "common/LatestTask.h"
 
+#include <QCoreApplication>
 #include <QThreadPool>
 
 namespace tarnquill {
 
 namespace {
 
+QThreadPool& threadPool();
+
 // Not Qt's global pool: Qt paints large fills with that one, and the window would wait for what runs here.
+class Pool : public QThreadPool {
+public:
+    // What runs when the program ends uses static objects, so it ends before they do, as in Qt's pool.
+    Pool() {
+        qAddPostRoutine([] { threadPool().waitForDone(); });
+    }
+};
+
 QThreadPool& threadPool() {
-    static QThreadPool pool;
+    static Pool pool;
     return pool;
 }
 
