@@ -1,7 +1,6 @@
 #include "cli/Input.h"
 
 #include "cli/Commands.h"
-#include "common/TextDecoding.h"
 #include "common/UnicodeText.h"
 
 #include <fcntl.h>
@@ -146,11 +145,6 @@ std::expected<Bytes, Failure> readText(const std::string& path) {
                     .message = "The input is neither UTF-8 nor UTF-16 with a byte-order mark."});
     }
     return text;
-}
-
-std::string_view withoutByteOrderMark(std::string_view text) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
 }
 
 std::expected<std::u16string, Failure> readUnits(const std::string& path) {

@@ -1,6 +1,8 @@
 // Reads what a command works on: a file or standard input, as text or as bytes.
 #pragma once
 
+#include "common/TextDecoding.h"
+
 #include <expected>
 #include <memory>
 #include <string>
@@ -38,8 +40,6 @@ private:
 // The same as well-formed UTF-8. A UTF-8 byte-order mark stays, for the engines that treat it (see
 // withoutByteOrderMark). Bytes in another encoding are refused with exit status 1.
 [[nodiscard]] std::expected<Bytes, Failure> readText(const std::string& path);
-
-[[nodiscard]] std::string_view withoutByteOrderMark(std::string_view text);
 
 // The same as an editor would hold it, for commands about positions.
 [[nodiscard]] std::expected<std::u16string, Failure> readUnits(const std::string& path);

@@ -3,6 +3,7 @@
 #include "common/JSONNumber.h"
 #include "common/JSONReaderError.h"
 #include "common/KeyHash.h"
+#include "common/TextDecoding.h"
 
 #include <boost/json/basic_parser_impl.hpp>
 
@@ -18,8 +19,6 @@ namespace tarnquill {
 namespace {
 
 namespace json = boost::json;
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // Finds the keys of an object that occur more than once.
 class RepeatedKeys {
@@ -303,9 +302,9 @@ std::expected<JSONDocument, Error> read(std::string_view source) {
     if (source.size() > JSONTape::kLargestPosition) {
         return std::unexpected(Error{.message = "The text is too large to be read.", .range = {}});
     }
-    const auto mark = source.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-    auto document = parse(source.substr(mark), source.substr(mark));
-    if (!document && mark > 0) {
+    const auto text = withoutByteOrderMark(source);
+    auto document = parse(text, text);
+    if (const auto mark = source.size() - text.size(); !document && mark > 0) {
         document.error().offset += mark;
         document.error().range.location += 1;
     }

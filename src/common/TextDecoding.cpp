@@ -40,6 +40,10 @@ TextEncoding encodingByMark(std::string_view bytes) {
     return bytes.starts_with(kBigEndianMark) ? TextEncoding::utf16BigEndian : TextEncoding::utf8;
 }
 
+std::string_view withoutByteOrderMark(std::string_view text) {
+    return text.starts_with(kUTF8Mark) ? text.substr(kUTF8Mark.size()) : text;
+}
+
 std::optional<DecodedText> decodeText(std::string_view bytes) {
     const auto encoding = encodingByMark(bytes);
     std::optional<std::u16string> text;
@@ -48,7 +52,7 @@ std::optional<DecodedText> decodeText(std::string_view bytes) {
         text = utf16FromUTF8(bytes);
         break;
     case TextEncoding::utf8WithMark:
-        text = utf16FromUTF8(bytes.substr(kUTF8Mark.size()));
+        text = utf16FromUTF8(withoutByteOrderMark(bytes));
         break;
     case TextEncoding::utf16LittleEndian:
         text = utf16FromBytes(bytes.substr(kLittleEndianMark.size()), std::endian::little);

@@ -14,6 +14,9 @@ enum class TextEncoding : std::uint8_t { utf8, utf8WithMark, utf16LittleEndian, 
 // What the byte-order mark says, and UTF-8 when there is none. The bytes after it need not be well-formed.
 [[nodiscard]] TextEncoding encodingByMark(std::string_view bytes);
 
+// The text without the UTF-8 byte-order mark that it may begin with.
+[[nodiscard]] std::string_view withoutByteOrderMark(std::string_view text);
+
 struct DecodedText {
     std::u16string text; // without the byte-order mark
     TextEncoding encoding;

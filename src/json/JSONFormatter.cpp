@@ -2,6 +2,7 @@
 
 #include "common/JSONReader.h"
 #include "common/LargeString.h"
+#include "common/TextDecoding.h"
 #include "common/WhiteSpace.h"
 #include "json/JSONWriter.h"
 #include "json/WideEncodings.h"
@@ -52,11 +53,7 @@ ParseResult parse(std::string_view text) {
 }
 
 bool isBlank(std::string_view text) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (text.starts_with(kByteOrderMark)) {
-        text.remove_prefix(kByteOrderMark.size());
-    }
-    return trimmed(text).empty();
+    return trimmed(withoutByteOrderMark(text)).empty();
 }
 
 Validation verdict(std::string_view text, const ParseResult& parsed) {
