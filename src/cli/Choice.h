@@ -4,25 +4,23 @@
 #include <CLI/CLI.hpp>
 
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace tarnquill::cli {
 
-// The word's value is stored in `value`, which holds the default until then; any other word is wrong usage.
-template <typename Value>
-void addChoice(CLI::App& command, const std::string& option, Value& value, const std::string& description,
-               std::vector<std::pair<std::string, Value>> choices) {
+// The choices are pairs of a word and what it stands for, which is stored in `value`; that holds the default
+// until then. Any other word is wrong usage.
+template <const auto& kChoices, typename Value>
+void addChoice(CLI::App& command, const char* option, Value& value, const char* description) {
     command.add_option_function<std::string>(
         option,
-        [option, &value, choices = std::move(choices)](const std::string& word) {
+        [option, &value](const std::string& word) {
             std::string words;
-            for (const auto& [name, choice] : choices) {
+            for (const auto& [name, choice] : kChoices) {
                 if (name == word) {
                     value = choice;
                     return;
                 }
-                words += (words.empty() ? "" : ", ") + name;
+                words.append(words.empty() ? "" : ", ").append(name);
             }
             throw CLI::ValidationError(option, "“" + word + "” is not one of " + words);
         },

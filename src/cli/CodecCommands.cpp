@@ -6,14 +6,19 @@
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tarnquill::cli {
 
 namespace {
 
 using Codec::Scheme;
+
+constexpr std::array kSchemes{std::pair{"base64", Scheme::base64}, std::pair{"url", Scheme::url},
+                              std::pair{"html", Scheme::html}, std::pair{"hex", Scheme::hex}};
 
 struct Options {
     std::string file;
@@ -58,9 +63,8 @@ CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, 
                      Options& options) {
     auto* command = tool.add_subcommand(name, description);
     command->add_option("FILE", options.file, "The file to read; standard input when absent or “-”");
-    addChoice(
-        *command, "--scheme", options.scheme, "The encoding: base64, url, html or hex [base64]",
-        {{"base64", Scheme::base64}, {"url", Scheme::url}, {"html", Scheme::html}, {"hex", Scheme::hex}});
+    addChoice<kSchemes>(*command, "--scheme", options.scheme,
+                        "The encoding: base64, url, html or hex [base64]");
     command->add_flag("--url-safe", options.codec.urlSafe,
                       "Use - and _ in place of + and /, and drop the = padding");
     command->add_flag("--plus-for-space", options.codec.plusForSpace,

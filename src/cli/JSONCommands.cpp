@@ -16,7 +16,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace tarnquill::cli {
 
@@ -24,15 +23,22 @@ namespace {
 
 using JSONFormatter::Indent;
 using JSONFormatter::SortMode;
+using JSONSearch::Scope;
 
 constexpr int kLargestIndent = 100;
+
+constexpr std::array kSortModes{std::pair{"none", SortMode::none},
+                                std::pair{"ascending", SortMode::ascending},
+                                std::pair{"descending", SortMode::descending}};
+constexpr std::array kScopes{std::pair{"all", Scope::all}, std::pair{"keys", Scope::keys},
+                             std::pair{"values", Scope::values}};
 
 struct Options {
     std::string file;
     Indent indent;
     SortMode sortMode = SortMode::none;
     std::string query;
-    JSONSearch::Scope scope = JSONSearch::Scope::all;
+    Scope scope = Scope::all;
     bool onlyRules = false;
 };
 
@@ -129,18 +135,12 @@ CLI::App* addCommand(CLI::App& tool, const char* name, const char* description, 
 }
 
 void addSortOption(CLI::App& command, Options& options) {
-    addChoice(
-        command, "--sort", options.sortMode, "The order of the keys: none, ascending or descending [none]",
-        {{"none", SortMode::none}, {"ascending", SortMode::ascending}, {"descending", SortMode::descending}});
+    addChoice<kSortModes>(command, "--sort", options.sortMode,
+                          "The order of the keys: none, ascending or descending [none]");
 }
 
 void addScopeOption(CLI::App& command, Options& options) {
-    std::vector<std::pair<std::string, JSONSearch::Scope>> scopes;
-    for (const auto scope : JSONSearch::kScopes) {
-        scopes.emplace_back(name(scope), scope);
-    }
-    addChoice(command, "--scope", options.scope, "Where to search: all, keys or values [all]",
-              std::move(scopes));
+    addChoice<kScopes>(command, "--scope", options.scope, "Where to search: all, keys or values [all]");
 }
 
 void addIndentOption(CLI::App& command, Options& options) {

@@ -6,17 +6,22 @@
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace tarnquill::cli {
 
 namespace {
 
 using Timestamp::UnitChoice;
+
+constexpr std::array kUnits{
+    std::pair{"auto", UnitChoice::automatic}, std::pair{"seconds", UnitChoice::seconds},
+    std::pair{"milliseconds", UnitChoice::milliseconds}, std::pair{"microseconds", UnitChoice::microseconds},
+    std::pair{"nanoseconds", UnitChoice::nanoseconds}};
 
 struct Options {
     std::optional<std::string> text;
@@ -63,14 +68,9 @@ Result readInput(const Options& options) {
 }
 
 void addUnitOption(CLI::App& command, Options& options) {
-    std::vector<std::pair<std::string, UnitChoice>> choices;
-    for (const auto choice : {UnitChoice::automatic, UnitChoice::seconds, UnitChoice::milliseconds,
-                              UnitChoice::microseconds, UnitChoice::nanoseconds}) {
-        choices.emplace_back(rawText(choice), choice);
-    }
-    addChoice(command, "--unit", options.unit,
-              "How to read a number: auto, seconds, milliseconds, microseconds or nanoseconds [auto]",
-              std::move(choices));
+    addChoice<kUnits>(
+        command, "--unit", options.unit,
+        "How to read a number: auto, seconds, milliseconds, microseconds or nanoseconds [auto]");
 }
 
 void addZoneOption(CLI::App& command, Options& options) {
