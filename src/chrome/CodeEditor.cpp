@@ -105,9 +105,17 @@ bool CodeEditor::isCurrentLine(const RowLayout::Row& row) const {
     return hasFocus() && row.range.location >= line.location && row.range.end() <= line.end();
 }
 
+// The line of the caret, or only the row where the line may fill the view.
+bool CodeEditor::isMarked(const RowLayout::Row& row) const {
+    const auto caret = textSelection().caret;
+    const auto isShort = buffer().lineRange(buffer().lineAt(caret)).length <= SyntaxHighlighter::kLongLine;
+    const auto holdsCaret = row.range.location <= caret && (caret < row.range.end() || row.endsLine);
+    return isCurrentLine(row) && (isShort || holdsCaret);
+}
+
 TextView::RowLook CodeEditor::rowLook(const RowLayout::Row& row) {
     RowLook look;
-    if (isCurrentLine(row)) {
+    if (isMarked(row)) {
         look.background = themeColor(ColorRole::raised);
     }
     if (m_highlighter) {

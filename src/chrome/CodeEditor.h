@@ -51,6 +51,7 @@ private:
     void apply(const Indentation::Edit& made, UndoHistory::Edit kind);
     void addMatches(RowLook& look, TextRange row) const;
     [[nodiscard]] bool isCurrentLine(const RowLayout::Row& row) const;
+    [[nodiscard]] bool isMarked(const RowLayout::Row& row) const;
     [[nodiscard]] int digits() const;
 
     std::unique_ptr<SyntaxHighlighter> m_highlighter;

@@ -118,6 +118,12 @@ TEST_F(CodeEditorTest, MarksTheLineAndTheBracketsOfTheCaret) {
     EXPECT_TRUE(shows(2, ColorRole::accentTint));
     m_editor.setSelection(TextSelection::at(6));
     EXPECT_FALSE(shows(0, ColorRole::accentTint));
+
+    setText(std::u16string(500, u' '));
+    EXPECT_TRUE(shows(200, ColorRole::raised)) << "another row of the line";
+    setText(std::u16string(5'000, u' '));
+    EXPECT_TRUE(shows(0, ColorRole::raised));
+    EXPECT_FALSE(shows(200, ColorRole::raised)) << "of a line that fills the view only the caret's row";
 }
 
 TEST_F(CodeEditorTest, MakesRoomForLineNumbers) {
