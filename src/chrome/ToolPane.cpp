@@ -7,6 +7,7 @@
 #include "chrome/PaneHeader.h"
 #include "common/LatestTask.h"
 
+#include <QKeyEvent>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -61,9 +62,20 @@ void ToolPane::setBusy(const QString& verb) {
     m_footer->setBusy(verb);
 }
 
-void ToolPane::follow(LatestTask& task, const QString& verb) {
+void ToolPane::follow(LatestTask& task, const QString& verb, Escape escape) {
     connect(&task, &LatestTask::longChanged, this,
             [this, verb](bool isLong) { setBusy(isLong ? verb : QString()); });
+    if (escape == Escape::cancels) {
+        m_cancellable = &task;
+    }
+}
+
+void ToolPane::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && m_cancellable != nullptr && m_cancellable->isLong()) {
+        m_cancellable->cancel();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void ToolPane::setDropTarget(bool isTarget) {

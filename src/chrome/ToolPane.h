@@ -37,8 +37,10 @@ public:
     // Long work on this pane's content: the old content fades, a bar moves, the footer says the verb
     // ("Formatting…").
     void setBusy(const QString& verb);
-    // Does so by itself whenever that task takes long.
-    void follow(LatestTask& task, const QString& verb);
+    // Does so by itself whenever that task takes long. Where Escape cancels, it is the key that the user can
+    // press in the pane meanwhile; the task must not be gone before the pane.
+    enum class Escape { ignored, cancels };
+    void follow(LatestTask& task, const QString& verb, Escape escape = Escape::ignored);
 
     // While a file is dragged over the pane.
     void setDropTarget(bool isTarget);
@@ -48,6 +50,9 @@ public:
 Q_SIGNALS:
     void errorActivated();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     PaneHeader* m_header;
     PaneFooter* m_footer;
@@ -56,6 +61,7 @@ private:
     MessageView* m_error;
     BusyOverlay* m_busy;
     DropOverlay* m_drop;
+    LatestTask* m_cancellable = nullptr;
 };
 
 } // namespace tarnquill

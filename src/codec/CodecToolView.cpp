@@ -136,7 +136,7 @@ void CodecToolView::makeInputPane() {
     for (auto* const button : {open, m_swap, m_copyInput, m_clear}) {
         m_inputPane->header().addButton(button);
     }
-    m_inputPane->follow(m_model.openingTask(), u"Opening…"_s);
+    m_inputPane->follow(m_model.openingTask(), u"Opening…"_s, ToolPane::Escape::cancels);
     new FileDropTarget(m_inputPane,
                        {.open =
                             [this](const QList<QUrl>& urls) {

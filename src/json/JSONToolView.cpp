@@ -163,7 +163,7 @@ void JSONToolView::makeInputPane() {
     connect(m_clear, &PaneButton::clicked, &m_model, &JSONToolViewModel::clear);
     m_inputPane->header().addButton(m_copyInput);
     m_inputPane->header().addButton(m_clear);
-    m_inputPane->follow(m_model.openingTask(), u"Opening…"_s);
+    m_inputPane->follow(m_model.openingTask(), u"Opening…"_s, ToolPane::Escape::cancels);
 }
 
 void JSONToolView::makeOutputPane() {
@@ -206,6 +206,7 @@ void JSONToolView::connectModel() {
     connect(&m_model, &JSONToolViewModel::outputChanged, this, &JSONToolView::showOutput);
     connect(&m_model, &JSONToolViewModel::optionsChanged, this, &JSONToolView::showOptions);
     connect(&m_model, &JSONToolViewModel::searchChanged, this, &JSONToolView::showSearch);
+    connect(&m_model.searchingTask(), &LatestTask::longChanged, this, &JSONToolView::showSearch);
     connect(&m_model, &JSONToolViewModel::revealRequested, this, &JSONToolView::reveal);
     connect(&m_model, &JSONToolViewModel::fileChanged, this,
             [this] { toolbar().setFilePath(m_model.filePath()); });
@@ -300,7 +301,8 @@ void JSONToolView::showSearch() {
     for (const auto pane : {Pane::input, Pane::output}) {
         editorOf(pane).setSearchMatches(m_model.matches(pane));
     }
-    m_search->setCount(QString::fromStdString(m_model.searchStatus()),
+    m_search->setCount(m_model.searchingTask().isLong() ? u"Searching…"_s
+                                                        : QString::fromStdString(m_model.searchStatus()),
                        !m_model.matches(m_model.activePane())->empty());
 }
 

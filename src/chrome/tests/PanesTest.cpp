@@ -146,6 +146,28 @@ TEST_F(PanesTest, SaysThatItIsBusyOnlyWhileWorkTakesLong) {
     EXPECT_TRUE(waitUntil([&] { return output->footer().accessibleName() == u"6 lines"_s; }));
 }
 
+TEST_F(PanesTest, EscapeCancelsWorkThatTakesLong) {
+    LatestTask task;
+    input->follow(task, u"Opening…"_s, ToolPane::Escape::cancels);
+    bool done = false;
+    task.start(
+        0ms,
+        [](const std::stop_token& token) {
+            while (!token.stop_requested()) {
+                std::this_thread::sleep_for(1ms);
+            }
+            return 0;
+        },
+        [&](int) { done = true; });
+    QTest::keyClick(input->content(), Qt::Key_Escape);
+    EXPECT_TRUE(task.isPending()) << "nothing says yet that there is something to cancel";
+    EXPECT_TRUE(waitUntil([&] { return input->footer().accessibleName() == u"Opening…"_s; }));
+    QTest::keyClick(input->content(), Qt::Key_Escape);
+    EXPECT_FALSE(task.isPending());
+    EXPECT_EQ(input->footer().accessibleName(), QString());
+    EXPECT_FALSE(done);
+}
+
 TEST_F(PanesTest, FilesDroppedOnAnEditorReachThePaneAroundIt) {
     QList<QUrl> opened;
     QList<bool> targeted;
