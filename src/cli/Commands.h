@@ -29,6 +29,7 @@ struct Result {
 void addCodecCommands(CLI::App& application, Result& result);
 void addCSVCommands(CLI::App& application, Result& result);
 void addJSONCommands(CLI::App& application, Result& result);
+void addJWTCommands(CLI::App& application, Result& result);
 void addMermaidCommands(CLI::App& application, Result& result);
 void addTimestampCommands(CLI::App& application, Result& result);
 

@@ -39,6 +39,7 @@ Result run(int argc, char** argv) {
     addCodecCommands(application, result);
     addCSVCommands(application, result);
     addJSONCommands(application, result);
+    addJWTCommands(application, result);
     addMermaidCommands(application, result);
     addTimestampCommands(application, result);
     try {

@@ -1,0 +1,198 @@
+#include "jwt/PEMKey.h"
+
+#include "codec/Base64.h"
+#include "common/WhiteSpace.h"
+#include "jwt/DERReader.h"
+#include "jwt/KeyFailure.h"
+
+#include <openssl/x509.h>
+
+#include <climits>
+#include <memory>
+
+namespace tarnquill::JWTVerifier {
+
+namespace {
+
+constexpr std::string_view kBegin = "-----BEGIN";
+constexpr std::string_view kEnd = "-----END";
+constexpr std::string_view kDashes = "-----";
+
+// The contents of DER object identifiers.
+constexpr std::string_view kECPublicKey = "\x2A\x86\x48\xCE\x3D\x02\x01";
+constexpr std::string_view kEd25519 = "\x2B\x65\x70";
+constexpr std::string_view kEd448 = "\x2B\x65\x71";
+
+constexpr std::string_view kFromCertificate = ", from a certificate";
+
+std::string_view labelOf(std::string_view text) {
+    constexpr std::string_view kBeforeLabel = "-----BEGIN ";
+    const auto begin = text.find(kBeforeLabel);
+    if (begin == std::string_view::npos) {
+        return {};
+    }
+    const auto start = begin + kBeforeLabel.size();
+    const auto end = text.find(kDashes, start);
+    return end == std::string_view::npos ? std::string_view() : text.substr(start, end - start);
+}
+
+// The number of bytes of the line break at the position; 0 when there is none.
+std::size_t lineBreakAt(std::string_view text, std::size_t position) {
+    const auto length = whiteSpaceAt(text, position);
+    const auto character = text.substr(position, length);
+    const auto isBreak = (length == 1 && character != " " && character != "\t") || character == "\u0085" ||
+                         character == "\u2028" || character == "\u2029";
+    return isBreak ? length : 0;
+}
+
+// Takes the next line, and the line break after it, off the text.
+std::string_view takeLine(std::string_view& text) {
+    std::size_t end = 0;
+    while (end < text.size() && lineBreakAt(text, end) == 0) {
+        ++end;
+    }
+    const auto line = text.substr(0, end);
+    text.remove_prefix(end + lineBreakAt(text, end));
+    return line;
+}
+
+// What stands between the BEGIN and END lines. Decoding Base64 skips the line breaks.
+std::string_view bodyOf(std::string_view text) {
+    takeLine(text);
+    auto rest = text;
+    while (!rest.empty()) {
+        const auto start = text.size() - rest.size();
+        if (trimmed(takeLine(rest)).starts_with(kEnd)) {
+            return text.substr(0, start);
+        }
+    }
+    return text;
+}
+
+// RSAPublicKey of RFC 8017, A.1.1.
+KeyResult readRSAPublicKey(std::string_view der, Algorithm algorithm, std::string_view origin) {
+    DERReader outer(der);
+    DERReader numbers(outer.take(DERTag::sequence).value_or(""));
+    const auto modulus = numbers.takeUnsignedInteger();
+    const auto exponent = numbers.takeUnsignedInteger();
+    if (!modulus || !exponent || !numbers.isAtEnd() || !outer.isAtEnd()) {
+        return std::unexpected(KeyFailure::wrongKind(algorithm));
+    }
+    return rsaKey(*modulus, *exponent, algorithm, origin);
+}
+
+// SubjectPublicKeyInfo of RFC 5280, 4.1.2.7.
+struct PublicKeyInfo {
+    std::string_view algorithm; // the object identifier
+    DERReader parameters;
+    std::string_view key;
+};
+
+std::optional<PublicKeyInfo> readPublicKeyInfo(std::string_view der) {
+    DERReader outer(der);
+    DERReader info(outer.take(DERTag::sequence).value_or(""));
+    DERReader identifier(info.take(DERTag::sequence).value_or(""));
+    const auto algorithm = identifier.take(DERTag::objectIdentifier);
+    const auto key = info.takeBytesOfBitString();
+    if (!algorithm || !key || !info.isAtEnd() || !outer.isAtEnd()) {
+        return std::nullopt;
+    }
+    return PublicKeyInfo{.algorithm = *algorithm, .parameters = identifier, .key = *key};
+}
+
+KeyResult readPublicKey(std::string_view der, Algorithm algorithm, std::string_view origin) {
+    auto info = readPublicKeyInfo(der);
+    if (!info) {
+        return std::unexpected(KeyFailure::wrongKind(algorithm));
+    }
+    switch (family(algorithm)) {
+    case Family::rsaPKCS1:
+    case Family::rsaPSS:
+        // Under whichever of RSA's identifiers: no other kind of key holds an RSAPublicKey.
+        return readRSAPublicKey(info->key, algorithm, origin);
+    case Family::ecdsa:
+        if (info->algorithm == kECPublicKey &&
+            info->parameters.take(DERTag::objectIdentifier) == curve(hash(algorithm)).objectIdentifier) {
+            return ecdsaKey(info->key, algorithm, origin);
+        }
+        break;
+    case Family::edwards:
+        if (info->algorithm == kEd448) {
+            return std::unexpected(KeyFailure::ed448());
+        }
+        if (info->algorithm == kEd25519) {
+            return ed25519Key(info->key, algorithm, origin);
+        }
+        break;
+    case Family::hmac:
+        break;
+    }
+    return std::unexpected(KeyFailure::wrongKind(algorithm));
+}
+
+// The DER of the public key in a certificate; nothing when either cannot be read.
+std::optional<std::string> publicKeyOfCertificate(std::string_view der, Algorithm algorithm) {
+    struct Free {
+        void operator()(X509* certificate) const { X509_free(certificate); }
+    };
+    if (der.size() > LONG_MAX) {
+        return std::nullopt;
+    }
+    const auto* next = reinterpret_cast<const unsigned char*>(
+        der.data()); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)
+    const auto* const end = next + der.size();
+    const std::unique_ptr<X509, Free> certificate(d2i_X509(nullptr, &next, static_cast<long>(der.size())));
+    if (!certificate || next != end) {
+        return std::nullopt;
+    }
+    // Edwards keys are read from the bytes alone, so that one that is not supported is named.
+    if (family(algorithm) != Family::edwards && X509_get0_pubkey(certificate.get()) == nullptr) {
+        return std::nullopt;
+    }
+    const auto* const key = X509_get_X509_PUBKEY(certificate.get());
+    const auto size = i2d_X509_PUBKEY(key, nullptr);
+    if (size <= 0) {
+        return std::nullopt;
+    }
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    auto* output =
+        reinterpret_cast<unsigned char*>(bytes.data()); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)
+    i2d_X509_PUBKEY(key, &output);
+    return bytes;
+}
+
+} // namespace
+
+bool isPEM(std::string_view text) {
+    return text.starts_with(kBegin);
+}
+
+KeyResult readPEM(std::string_view text, Algorithm algorithm) {
+    const auto label = labelOf(text);
+    if (label.contains("PRIVATE")) {
+        return std::unexpected(KeyFailure::privateKey());
+    }
+    if (family(algorithm) == Family::hmac) {
+        return std::unexpected(KeyFailure::publicKeyForSharedSecret(algorithm));
+    }
+    const auto der = Base64::decode(bodyOf(text));
+    if (!der) {
+        return std::unexpected(KeyFailure::bodyNotBase64());
+    }
+    if (label == "CERTIFICATE") {
+        const auto key = publicKeyOfCertificate(*der, algorithm);
+        return key ? readPublicKey(*key, algorithm, kFromCertificate)
+                   : std::unexpected(KeyFailure::unreadableCertificate());
+    }
+    if (label == "PUBLIC KEY") {
+        return readPublicKey(*der, algorithm, {});
+    }
+    if (label == "RSA PUBLIC KEY") {
+        const auto isRSA = family(algorithm) == Family::rsaPKCS1 || family(algorithm) == Family::rsaPSS;
+        return isRSA ? readRSAPublicKey(*der, algorithm, {})
+                     : std::unexpected(KeyFailure::wrongKind(algorithm));
+    }
+    return std::unexpected(KeyFailure::unknownLabel(label));
+}
+
+} // namespace tarnquill::JWTVerifier
