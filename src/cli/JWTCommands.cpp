@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 #include <boost/json.hpp>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <memory>
@@ -96,6 +97,12 @@ Result decode(const Options& options) {
     return lines(json::serialize(output));
 }
 
+// A token may hold a line feed in whatever it names.
+std::string line(std::string text) {
+    std::ranges::replace(text, '\n', ' ');
+    return text + '\n';
+}
+
 Result verify(const Options& options) {
     using JWTVerifier::SecretForm;
     const auto token = readToken(options);
@@ -114,9 +121,9 @@ Result verify(const Options& options) {
                                              options.secretIsBase64 ? SecretForm::base64 : SecretForm::text);
     using Kind = JWTVerifier::Outcome::Kind;
     const auto isChecked = outcome.kind == Kind::verified || outcome.kind == Kind::mismatch;
-    std::string output(rawText(outcome.kind));
-    output.append("\n").append(message(outcome, trimmed(token->view()))).append("\n");
-    auto result = lines(isChecked ? output + outcome.detail : output);
+    auto result =
+        lines(line(std::string(rawText(outcome.kind))) + line(message(outcome, trimmed(token->view()))) +
+              (isChecked ? line(outcome.detail) : std::string()));
     result.exitStatus = outcome.kind == Kind::verified ? 0 : kRefused;
     return result;
 }

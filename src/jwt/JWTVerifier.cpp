@@ -78,11 +78,12 @@ KeyResult readKey(std::string_view text, Algorithm algorithm, const Header& head
 }
 
 Outcome check(std::string_view signingInput, std::string_view signature, const KeyResult& key) {
-    if (!key) {
-        return {.kind = Kind::badKey, .detail = key.error()};
+    if (key && key->verifies(signingInput, signature)) {
+        return {.kind = Kind::verified, .detail = key->description};
     }
-    const auto matches = key->verifies(signingInput, signature);
-    return {.kind = matches ? Kind::verified : Kind::mismatch, .detail = key->description};
+    ERR_clear_error(); // leaves nothing for this thread's next user of OpenSSL
+    return key ? Outcome{.kind = Kind::mismatch, .detail = key->description}
+               : Outcome{.kind = Kind::badKey, .detail = key.error()};
 }
 
 std::string prompt(std::string_view token) {
@@ -135,10 +136,7 @@ Outcome verify(std::string_view token, std::string_view key, SecretForm secretFo
     if (trimmedKey.empty()) {
         return {.kind = Kind::noKey};
     }
-    auto outcome =
-        check(parts.signingInput(), *signature, readKey(trimmedKey, algorithm, *header, secretForm));
-    ERR_clear_error(); // leaves nothing for this thread's next user of OpenSSL
-    return outcome;
+    return check(parts.signingInput(), *signature, readKey(trimmedKey, algorithm, *header, secretForm));
 }
 
 Algorithm algorithmOf(std::string_view token) {

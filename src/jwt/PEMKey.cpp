@@ -1,12 +1,13 @@
 #include "jwt/PEMKey.h"
 
 #include "codec/Base64.h"
-#include "common/WhiteSpace.h"
 #include "jwt/DERReader.h"
 #include "jwt/KeyFailure.h"
 
 #include <openssl/x509.h>
 
+#include <algorithm>
+#include <array>
 #include <climits>
 #include <memory>
 
@@ -36,37 +37,16 @@ std::string_view labelOf(std::string_view text) {
     return end == std::string_view::npos ? std::string_view() : text.substr(start, end - start);
 }
 
-// The number of bytes of the line break at the position; 0 when there is none.
-std::size_t lineBreakAt(std::string_view text, std::size_t position) {
-    const auto length = whiteSpaceAt(text, position);
-    const auto character = text.substr(position, length);
-    const auto isBreak = (length == 1 && character != " " && character != "\t") || character == "\u0085" ||
-                         character == "\u2028" || character == "\u2029";
-    return isBreak ? length : 0;
-}
-
-// Takes the next line, and the line break after it, off the text.
-std::string_view takeLine(std::string_view& text) {
-    std::size_t end = 0;
-    while (end < text.size() && lineBreakAt(text, end) == 0) {
-        ++end;
-    }
-    const auto line = text.substr(0, end);
-    text.remove_prefix(end + lineBreakAt(text, end));
-    return line;
-}
-
-// What stands between the BEGIN and END lines. Decoding Base64 skips the line breaks.
+// What stands between the lines of BEGIN and END. Decoding Base64 skips the line breaks in it.
 std::string_view bodyOf(std::string_view text) {
-    takeLine(text);
-    auto rest = text;
-    while (!rest.empty()) {
-        const auto start = text.size() - rest.size();
-        if (trimmed(takeLine(rest)).starts_with(kEnd)) {
-            return text.substr(0, start);
-        }
+    constexpr std::array<std::string_view, 7> kLineBreaks{"\n",     "\r",     "\v",    "\f",
+                                                          "\u0085", "\u2028", "\u2029"};
+    auto firstLine = text.size();
+    for (const auto lineBreak : kLineBreaks) {
+        firstLine = std::min(firstLine, text.find(lineBreak));
     }
-    return text;
+    const auto body = text.substr(firstLine);
+    return body.substr(0, body.find(kEnd));
 }
 
 // RSAPublicKey of RFC 8017, A.1.1.

@@ -42,21 +42,29 @@ std::string_view withoutBearer(std::string_view text) {
     return isWord ? withoutLeadingSpace(text.substr(kPrefix.size())) : text;
 }
 
+// Printable ASCII, which is certain not to be white space.
+bool isPlain(char character) {
+    return '!' <= character && character <= '~';
+}
+
+// Most tokens have no white space at all. This looks at every character, because that takes less time than
+// to stop.
+bool isAllPlain(std::string_view text) {
+    bool result = true;
+    for (const auto character : text) {
+        result &= isPlain(character);
+    }
+    return result;
+}
+
 std::string withoutWhiteSpace(std::string_view text) {
-    // Nearly every character is certain not to be white space, and most tokens have none at all.
-    const auto isCertain = [](char character) { return '!' <= character && character <= '~'; };
+    if (isAllPlain(text)) {
+        return std::string(text);
+    }
     std::string result;
     result.reserve(text.size());
     for (std::size_t position = 0; position < text.size();) {
-        const auto rest = text.substr(position);
-        const auto certain =
-            static_cast<std::size_t>(std::ranges::find_if_not(rest, isCertain) - rest.begin());
-        result += rest.substr(0, certain);
-        position += certain;
-        if (position == text.size()) {
-            break;
-        }
-        if (const auto length = whiteSpaceAt(text, position)) {
+        if (const auto length = isPlain(text[position]) ? 0 : whiteSpaceAt(text, position)) {
             position += length;
         } else {
             result += text[position++];

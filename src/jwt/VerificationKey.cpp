@@ -130,11 +130,11 @@ bool verifiesECDSA(EVP_PKEY* key, Algorithm algorithm, std::string_view input, s
     return verifiesDigest(key, algorithm, input, {start, static_cast<std::size_t>(length)});
 }
 
-Key publicKey(const char* type, OSSL_PARAM* parameters) {
+Key makeKey(const char* type, int selection, OSSL_PARAM* parameters) {
     const KeyContext context(EVP_PKEY_CTX_new_from_name(nullptr, type, nullptr));
     EVP_PKEY* key = nullptr;
     if (!context || EVP_PKEY_fromdata_init(context.get()) != 1 ||
-        EVP_PKEY_fromdata(context.get(), &key, EVP_PKEY_PUBLIC_KEY, parameters) != 1) {
+        EVP_PKEY_fromdata(context.get(), &key, selection, parameters) != 1) {
         return nullptr;
     }
     return owned(key);
@@ -164,6 +164,23 @@ Number number(std::string_view bytes) {
                : Number(BN_bin2bn(bytesOf(bytes), static_cast<int>(bytes.size()), nullptr));
 }
 
+// A key that holds nothing but its curve, to be copied: setting a curve up by its name takes a good part of
+// a check.
+const EVP_PKEY* onlyCurve(Hash hash) {
+    static const auto kKeys = [] {
+        std::array<Key, 3> keys;
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            std::string name(curve(static_cast<Hash>(i)).name);
+            std::array parameters{
+                OSSL_PARAM_construct_utf8_string(OSSL_PKEY_PARAM_GROUP_NAME, name.data(), 0),
+                OSSL_PARAM_construct_end()};
+            keys.at(i) = makeKey("EC", EVP_PKEY_KEY_PARAMETERS, parameters.data());
+        }
+        return keys;
+    }();
+    return kKeys.at(static_cast<std::size_t>(hash)).get();
+}
+
 Key makeRSAKey(const BIGNUM* modulus, const BIGNUM* exponent) {
     const ParameterBuilder builder(OSSL_PARAM_BLD_new());
     if (!builder || OSSL_PARAM_BLD_push_BN(builder.get(), OSSL_PKEY_PARAM_RSA_N, modulus) != 1 ||
@@ -171,7 +188,14 @@ Key makeRSAKey(const BIGNUM* modulus, const BIGNUM* exponent) {
         return nullptr;
     }
     const Parameters parameters(OSSL_PARAM_BLD_to_param(builder.get()));
-    return publicKey("RSA", parameters.get());
+    return makeKey("RSA", EVP_PKEY_PUBLIC_KEY, parameters.get());
+}
+
+// Nothing when the point does not lie on the curve.
+Key makeECKey(Hash hash, std::string_view point) {
+    auto key = owned(EVP_PKEY_dup(const_cast<EVP_PKEY*>(onlyCurve(hash)))); // it is only read
+    return key && EVP_PKEY_set1_encoded_public_key(key.get(), bytesOf(point), point.size()) == 1 ? key
+                                                                                                 : nullptr;
 }
 
 } // namespace
@@ -208,19 +232,12 @@ KeyResult ecdsaKey(std::string_view point, Algorithm algorithm, std::string_view
     const auto isWhole = point.starts_with('\x04') && point.size() == 1 + 2 * curve.coordinateSize;
     const auto isCompressed =
         (point.starts_with('\x02') || point.starts_with('\x03')) && point.size() == 1 + curve.coordinateSize;
-    std::string name(curve.name);
-    std::string bytes(point);
-    std::array parameters{
-        OSSL_PARAM_construct_utf8_string(OSSL_PKEY_PARAM_GROUP_NAME, name.data(), 0),
-        OSSL_PARAM_construct_octet_string(OSSL_PKEY_PARAM_PUB_KEY, bytes.data(), bytes.size()),
-        OSSL_PARAM_construct_end()};
-    // Refuses a point that does not lie on the curve.
-    auto key = isWhole || isCompressed ? publicKey("EC", parameters.data()) : nullptr;
+    auto key = isWhole || isCompressed ? makeECKey(hash(algorithm), point) : nullptr;
     if (!key) {
         return std::unexpected(KeyFailure::wrongKind(algorithm));
     }
     return VerificationKey{
-        .description = name + " public key" + std::string(origin),
+        .description = std::string(curve.name) + " public key" + std::string(origin),
         .verifies = [key = std::move(key), algorithm](std::string_view input, std::string_view signature) {
             return verifiesECDSA(key.get(), algorithm, input, signature);
         }};
