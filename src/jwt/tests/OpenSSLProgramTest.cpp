@@ -13,7 +13,6 @@
 
 namespace tarnquill {
 
-using JWTVerifier::Algorithm;
 using JWTVerifier::Family;
 using JWTVerifier::Outcome;
 using Kind = JWTVerifier::Outcome::Kind;
