@@ -3,9 +3,22 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace tarnquill::cli {
+
+// The choices of values that have names of their own.
+template <typename Value, std::size_t size, typename NameOf>
+[[nodiscard]] auto namedChoices(const std::array<Value, size>& values, NameOf nameOf) {
+    std::array<std::pair<std::string_view, Value>, size> choices;
+    std::ranges::transform(values, choices.begin(),
+                           [&](Value value) { return std::pair{nameOf(value), value}; });
+    return choices;
+}
 
 // The choices are pairs of a word and what it stands for, which is stored in `value`; that holds the default
 // until then. Any other word is wrong usage.

@@ -30,8 +30,7 @@ constexpr int kLargestIndent = 100;
 constexpr std::array kSortModes{std::pair{"none", SortMode::none},
                                 std::pair{"ascending", SortMode::ascending},
                                 std::pair{"descending", SortMode::descending}};
-constexpr std::array kScopes{std::pair{"all", Scope::all}, std::pair{"keys", Scope::keys},
-                             std::pair{"values", Scope::values}};
+const auto kScopes = namedChoices(JSONSearch::kScopes, JSONSearch::name);
 
 struct Options {
     std::string file;

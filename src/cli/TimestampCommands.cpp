@@ -10,7 +10,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace tarnquill::cli {
 
@@ -18,10 +17,10 @@ namespace {
 
 using Timestamp::UnitChoice;
 
-constexpr std::array kUnits{
-    std::pair{"auto", UnitChoice::automatic}, std::pair{"seconds", UnitChoice::seconds},
-    std::pair{"milliseconds", UnitChoice::milliseconds}, std::pair{"microseconds", UnitChoice::microseconds},
-    std::pair{"nanoseconds", UnitChoice::nanoseconds}};
+const auto kUnits =
+    namedChoices(std::array{UnitChoice::automatic, UnitChoice::seconds, UnitChoice::milliseconds,
+                            UnitChoice::microseconds, UnitChoice::nanoseconds},
+                 Timestamp::rawText);
 
 struct Options {
     std::optional<std::string> text;
