@@ -56,14 +56,17 @@ private:
         return limit + 1;
     }
 
-    // The quotation mark that opens the string which the one at `close` ends, or `close` when there is none.
-    std::size_t stringStart(std::size_t close, std::size_t limit) {
-        for (auto at = close; at > limit && m_reader[at - 1] != u'\n'; --at) {
+    // The quotation mark that opens the string which the one at `close` ends. When there is none, there is
+    // none for any other mark either from `searched` on, which becomes where the search has ended.
+    std::optional<std::size_t> stringStart(std::size_t close, std::size_t limit, std::size_t& searched) {
+        auto at = close;
+        for (; at > limit && m_reader[at - 1] != u'\n'; --at) {
             if (m_reader[at - 1] == u'"' && !isEscaped(at - 1, limit)) {
                 return at - 1;
             }
         }
-        return close;
+        searched = at;
+        return std::nullopt;
     }
 
     bool isEscaped(std::size_t position, std::size_t limit) {
@@ -96,11 +99,14 @@ private:
     std::optional<BracketMatch> backward(std::size_t close, char16_t closing, char16_t opening) {
         const auto limit = close > kSearched ? close - kSearched : 0;
         std::size_t depth = 1;
+        auto searched = close;
         for (auto at = close; at > limit;) {
             --at;
             const auto unit = m_reader[at];
             if (unit == u'"') {
-                at = stringStart(at, limit);
+                if (at < searched) {
+                    at = stringStart(at, limit, searched).value_or(at);
+                }
             } else if (unit == closing) {
                 ++depth;
             } else if (unit == opening && --depth == 0) {

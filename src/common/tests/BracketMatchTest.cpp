@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 namespace tarnquill {
@@ -41,6 +42,17 @@ TEST(BracketMatch, GivesUpOnBracketsWithoutPartnerOrTooFarAway) {
     EXPECT_EQ(match(u")", 1), std::nullopt);
     EXPECT_EQ(match(u"[" + std::u16string(1'000'000, u' ') + u"]", 0), std::nullopt);
     EXPECT_EQ(match(u"", 0), std::nullopt);
+}
+
+TEST(BracketMatch, TakesLinearTimeForQuotationMarksThatOpenNothing) {
+    std::u16string text = u"{\n";
+    while (text.size() < 98'000) {
+        text += u"\\\"";
+    }
+    text += u"\n}";
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(match(text, text.size()), (BracketMatch{.open = 0, .close = text.size() - 1}));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
 
 } // namespace
