@@ -21,6 +21,7 @@
 #include <QFont>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -100,6 +101,9 @@ public:
     Q_SLOT void paste();
     Q_SLOT void deleteSelection();
     Q_SLOT void selectAll();
+
+    // What pasting inserts in place of the text that the clipboard holds.
+    void setPasteFilter(std::function<QString(const QString& text)> filter);
 
 Q_SIGNALS:
     // The user has changed the text, undo and redo included. Not sent for setBuffer() and replaceAll().
@@ -229,6 +233,7 @@ private:
     double m_cellWidth = 1;
     int m_zoom = 0;
     bool m_readOnly = false;
+    std::function<QString(const QString& text)> m_pasteFilter;
     bool m_wraps = true;
     bool m_updatingScrollBars = false;
     std::optional<double> m_wantedX; // where moves by rows keep to

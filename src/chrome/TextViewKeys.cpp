@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tarnquill {
 
@@ -307,10 +308,14 @@ void TextView::copy() {
     }
 }
 
+void TextView::setPasteFilter(std::function<QString(const QString& text)> filter) {
+    m_pasteFilter = std::move(filter);
+}
+
 void TextView::paste() {
     const auto* const held = QGuiApplication::clipboard()->mimeData();
     if (!m_readOnly && held != nullptr && held->hasText()) {
-        const auto text = held->text();
+        const auto text = m_pasteFilter ? m_pasteFilter(held->text()) : held->text();
         edit(m_selection.range(),
              {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())});
     }

@@ -12,6 +12,9 @@
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineUrlSchemeHandler>
 
+#include <csignal>
+#include <utility>
+
 namespace tarnquill {
 namespace {
 
@@ -164,6 +167,17 @@ void WebPageView::reloadPage() {
     start();
 }
 
+void WebPageView::restartPage() {
+    const auto process = m_page->renderProcessPid();
+    m_state = State::empty;
+    m_bridge->failCalls(u"The page was loaded again."_s);
+    // Nothing else reaches a process whose script runs on. Its end is the sign to load the page.
+    m_isRestarting = process > 0 && ::kill(static_cast<pid_t>(process), SIGKILL) == 0;
+    if (!m_isRestarting) {
+        start();
+    }
+}
+
 void WebPageView::start() {
     m_state = State::loading;
     m_bridge->failCalls(u"The page was loaded again."_s);
@@ -183,6 +197,10 @@ void WebPageView::finishLoad(bool ok) {
 }
 
 void WebPageView::processDied() {
+    if (std::exchange(m_isRestarting, false)) {
+        QTimer::singleShot(0, this, &WebPageView::start);
+        return;
+    }
     if (!m_firstDeath.isValid() || m_firstDeath.hasExpired(kDeathsCounted)) {
         m_firstDeath.start();
         m_deaths = 0;

@@ -53,6 +53,8 @@ public:
     void loadAddress(const QUrl& address);
     // Shows the same page again, from the start.
     void reloadPage();
+    // The same for a page whose script may never end.
+    void restartPage();
     // Between loaded() and the next load. Scripts run only then.
     [[nodiscard]] bool isLoaded() const { return m_state == State::loaded; }
     // The address of the document: about:blank for an HTML text without a base.
@@ -89,6 +91,7 @@ private:
     std::optional<QString> m_html;
     QUrl m_address;
     State m_state = State::empty;
+    bool m_isRestarting = false;
     int m_deaths = 0;
     QElapsedTimer m_firstDeath;
 

@@ -5,6 +5,7 @@
 #include "codec/CodecToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
+#include "mermaid/MermaidToolViewModel.h"
 
 #include <QObject>
 #include <QString>
@@ -36,12 +37,14 @@ public:
     std::optional<QString> open(const QUrl& url);
 
     [[nodiscard]] JSONToolViewModel& json() { return m_json; }
+    [[nodiscard]] MermaidToolViewModel& mermaid() { return m_mermaid; }
     [[nodiscard]] CodecToolViewModel& codec() { return m_codec; }
     [[nodiscard]] TimestampToolViewModel& timestamp() { return m_timestamp; }
 
 private:
     const ToolCatalogue& m_catalogue;
     JSONToolViewModel m_json;
+    MermaidToolViewModel m_mermaid;
     CodecToolViewModel m_codec;
     TimestampToolViewModel m_timestamp;
 };

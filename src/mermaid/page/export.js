@@ -47,6 +47,12 @@ const exporting = (() => {
         for (const label of drawing.querySelectorAll('foreignObject')) {
             label.replaceWith(textsOf(label));
         }
+        // Some programs drop the space that a word of its own span begins with.
+        for (const span of drawing.querySelectorAll('tspan')) {
+            if (span.childElementCount === 0 && span.textContent !== span.textContent.trim()) {
+                span.setAttributeNS('http://www.w3.org/XML/1998/namespace', 'xml:space', 'preserve');
+            }
+        }
     };
 
     const source = (drawing, style) => {

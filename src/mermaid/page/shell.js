@@ -12,6 +12,9 @@ const shell = {
 
 const element = id => document.getElementById(id);
 
+// The engine takes time and memory by the square of a label's length, far beyond what anybody could read.
+const longestLine = 50_000;
+
 // The engine's settings and the workshop are for one drawing at a time.
 let turn = Promise.resolve();
 function inTurn(work) {
@@ -53,6 +56,9 @@ async function boot(theme) {
 }
 
 function lineOf(error, source) {
+    if (error?.sourceLine) {
+        return error.sourceLine;
+    }
     const fromParser = error?.result?.parserErrors?.[0]?.token?.startLine ?? error?.result?.lexerErrors?.[0]?.line;
     const line = Number(/\bon line (\d+)/.exec(error?.message)?.[1] ?? fromParser ?? error?.hash?.line + 1);
     return Number.isInteger(line) && line > 0 ? sourceLine(source, line) : undefined;
@@ -84,7 +90,15 @@ function place(drawing) {
     viewport.setSize(shell.size);
 }
 
+function refuseLongLine(source) {
+    const index = source.split(/\r\n?|\n/).findIndex(line => line.length > longestLine && !/^\s*%%/.test(line));
+    if (index >= 0) {
+        throw Object.assign(new Error('This line is too long to draw.'), { sourceLine: index + 1 });
+    }
+}
+
 async function draw(source) {
+    refuseLongLine(source);
     if (/^\s*zenuml\b/m.test(source)) {
         await loadZenuml();
     }

@@ -26,5 +26,6 @@ function sourceLine(source, engineLine) {
     if (/^(flowchart|graph)\b/.test(text)) {
         cutAll(/(?<=\})\s+(?=\n)/g); // The engine reads a brace and the blank lines after it as one line.
     }
-    return lines[Math.min(engineLine, lines.length) - 1];
+    // An end that comes too early is told of the line behind it.
+    return Math.min(lines[Math.min(engineLine, lines.length) - 1], source.trimEnd().split(/\r\n?|\n/).length);
 }

@@ -195,8 +195,7 @@ TEST_F(MermaidPreviewCoordinatorTest, GivesUpALongRenderForTheNextSource) {
     coordinator.setSource(u"endless"_s);
     coordinator.setSource(u"another"_s);
     EXPECT_EQ(page.restarts, 1) << "it may take a moment";
-    EXPECT_TRUE(
-        waitUntil([this] { return page.restarts == 2; }, 2 * MermaidPreviewCoordinator::kPatience.count()));
+    EXPECT_TRUE(waitUntil([this] { return page.restarts == 2; }));
 }
 
 TEST_F(MermaidPreviewCoordinatorTest, CarriesTheViewportsMessagesBothWays) {

@@ -1,6 +1,9 @@
 #include "shell/tools/MermaidTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "shell/ToolHost.h"
+#include "mermaid/MermaidToolView.h"
+
+#include <QUrl>
 
 namespace tarnquill {
 
@@ -9,8 +12,12 @@ using namespace Qt::StringLiterals;
 MermaidTool::MermaidTool()
     : Tool(u"mermaid"_s, u"Mermaid"_s, u"flowchart"_s, ToolCategory::text, {u"mmd"_s, u"mermaid"_s}) {}
 
-ToolView* MermaidTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* MermaidTool::makeView(ToolHost& host) const {
+    return new MermaidToolView(host.mermaid());
+}
+
+void MermaidTool::open(const QUrl& url, ToolHost& host) const {
+    host.mermaid().open(url.toLocalFile());
 }
 
 } // namespace tarnquill

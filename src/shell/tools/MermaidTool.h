@@ -9,6 +9,7 @@ class MermaidTool : public Tool {
 public:
     MermaidTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+    void open(const QUrl& url, ToolHost& host) const override;
 };
 
 } // namespace tarnquill
