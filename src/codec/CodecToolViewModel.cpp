@@ -95,9 +95,9 @@ QString CodecToolViewModel::badge() const {
     if (m_publishedInputs.direction == Direction::encode) {
         return title(m_publishedInputs.scheme).toUpper();
     }
-    const auto content = m_output->content == Content::binary ? u"BINARY"_s
-                         : m_output->content == Content::json ? u"JSON"_s
-                                                              : u"TEXT"_s;
+    auto content = m_output->content == Content::binary ? u"BINARY"_s
+                   : m_output->content == Content::json ? u"JSON"_s
+                                                        : u"TEXT"_s;
     if (!m_output->compression) {
         return content;
     }

@@ -67,7 +67,8 @@ CivilDate civilFromDays(std::int64_t days) {
 }
 
 std::int64_t secondsFromCivil(const CivilTime& time) {
-    return daysFromCivil(time.date) * kSecondsPerDay + time.hour * 3'600 + time.minute * 60 + time.second;
+    return daysFromCivil(time.date) * kSecondsPerDay + std::int64_t{time.hour} * 3'600 +
+           std::int64_t{time.minute} * 60 + time.second;
 }
 
 CivilTime civilFromSeconds(std::int64_t seconds) {

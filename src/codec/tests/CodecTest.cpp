@@ -8,6 +8,8 @@
 
 namespace tarnquill {
 
+using namespace std::string_literals;
+
 using Codec::Content;
 using Codec::Direction;
 using Codec::Scheme;
@@ -54,7 +56,7 @@ TEST(Codec, ShowsTheSampleUnpackedAndFormatted) {
 }
 
 TEST(Codec, DecodesWhatItEncodes) {
-    const std::string text = "Grüße & <Tags> \"x\" 'y' +1 100% \\x41 0x41 \U0001F600\n\0end";
+    const auto text = "Grüße & <Tags> \"x\" 'y' +1 100% \\x41 0x41 \U0001F600\n\0end"s;
     for (const auto scheme : kSchemes) {
         for (const auto set : {false, true}) {
             const Codec::Options options{.urlSafe = set, .plusForSpace = set};

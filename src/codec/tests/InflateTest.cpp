@@ -44,7 +44,7 @@ TEST(Inflate, UnpacksBothContainers) {
 
 TEST(Inflate, SkipsEveryOptionalHeaderField) {
     for (const auto& fields :
-         {GzipFields{.fileName = "name.txt"}, GzipFields{.extra = "ab\x02\0xy", .comment = "a comment"},
+         {GzipFields{.fileName = "name.txt"}, GzipFields{.extra = "ab\x02\0xy"s, .comment = "a comment"},
           GzipFields{.extra = "e", .fileName = "n", .comment = "c", .headerCRC = true}}) {
         EXPECT_EQ(Inflate::unpack(pack(kText, Format::gzip, fields), Format::gzip, kLimit), kText);
     }
