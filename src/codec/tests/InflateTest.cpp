@@ -5,6 +5,8 @@
 
 namespace tarnquill {
 
+using namespace std::string_literals;
+
 using Inflate::Format;
 
 namespace {
