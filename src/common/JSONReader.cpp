@@ -102,6 +102,7 @@ private:
 // Builds the tape from the parser's events.
 class TapeBuilder {
 public:
+    // NOLINTBEGIN(readability-identifier-naming): the parser calls them by these names
     static constexpr std::size_t max_object_size = static_cast<std::size_t>(-1);
     static constexpr std::size_t max_array_size = static_cast<std::size_t>(-1);
     static constexpr std::size_t max_key_size = static_cast<std::size_t>(-1);
@@ -184,6 +185,7 @@ public:
 
     bool on_comment_part(json::string_view, json::error_code&) { return true; }
     bool on_comment(json::string_view, json::error_code&) { return true; }
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     struct Open {

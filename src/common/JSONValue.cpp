@@ -10,10 +10,9 @@ std::optional<std::int64_t> JSONValue::asInteger() const {
         return std::nullopt;
     }
     const auto digits = literal();
-    const auto* end = digits.data() + digits.size();
     std::int64_t value = 0;
-    const auto result = std::from_chars(digits.data(), end, value);
-    return result.ec == std::errc() && result.ptr == end ? std::optional(value) : std::nullopt;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return error == std::errc() && end == digits.data() + digits.size() ? std::optional(value) : std::nullopt;
 }
 
 std::optional<double> JSONValue::asDouble() const {

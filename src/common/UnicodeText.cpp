@@ -165,7 +165,7 @@ std::size_t utf8Length(std::u16string_view text) {
     for (std::size_t start = 0; start < text.size(); start += kBlock) {
         const auto counts = countBlock(text, start);
         length += counts.moreBytes;
-        length -= 2U * counts.pairs;
+        length -= std::size_t{2} * counts.pairs;
     }
     return length;
 }
