@@ -1,6 +1,7 @@
 #include "chrome/SearchBar.h"
 
 #include "chrome/FocusRing.h"
+#include "chrome/KeyNames.h"
 #include "chrome/Painting.h"
 #include "chrome/PaneButton.h"
 #include "chrome/TextLabel.h"
@@ -91,6 +92,7 @@ SearchBar::SearchBar(Parts parts, QWidget* parent)
     layout->addSpacing(7);
     layout->addWidget(m_clear);
     if (parts == Parts::withNavigation) {
+        m_field->setToolTip(KeyNames::forPlatform(tr("Search (⌘F)")));
         m_previous = compactButton(tr("Previous match"), u"chevron-up"_s,
                                    tr("Go to the previous match (Shift+Enter)"));
         m_next = compactButton(tr("Next match"), u"chevron-down"_s, tr("Go to the next match (Enter)"));
