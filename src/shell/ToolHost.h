@@ -3,9 +3,9 @@
 #pragma once
 
 #include "codec/CodecToolViewModel.h"
+#include "mermaid/MermaidToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
-#include "mermaid/MermaidToolViewModel.h"
 
 #include <QObject>
 #include <QString>

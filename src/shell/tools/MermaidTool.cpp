@@ -1,7 +1,7 @@
 #include "shell/tools/MermaidTool.h"
 
-#include "shell/ToolHost.h"
 #include "mermaid/MermaidToolView.h"
+#include "shell/ToolHost.h"
 
 #include <QUrl>
 
