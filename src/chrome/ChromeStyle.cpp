@@ -33,6 +33,10 @@ bool isFramedField(const QStyleOption* option) {
     return frame != nullptr && frame->lineWidth > 0;
 }
 
+bool isOverContent(const QWidget* scrollBar) {
+    return scrollBar != nullptr && scrollBar->property(ChromeStyle::kOverContentProperty).toBool();
+}
+
 } // namespace
 
 ChromeStyle::ChromeStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
@@ -65,8 +69,9 @@ int ChromeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
         return 2;
     case PM_ScrollBarExtent:
         return StyleControls::kScrollBarExtent;
-    case PM_ScrollView_ScrollBarSpacing:
     case PM_ScrollView_ScrollBarOverlap:
+        return isOverContent(widget) ? StyleControls::kScrollBarExtent : 0;
+    case PM_ScrollView_ScrollBarSpacing:
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
         return 0;
@@ -278,6 +283,9 @@ void ChromeStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
                                      QPainter* painter, const QWidget* widget) const {
     if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
         control == CC_ScrollBar && bar != nullptr) {
+        if (!isOverContent(widget)) {
+            painter->fillRect(bar->rect, bar->palette.color(QPalette::Base));
+        }
         StyleControls::drawScrollBar(*painter, *bar);
         return;
     }

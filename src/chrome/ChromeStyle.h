@@ -10,6 +10,9 @@ class ChromeStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
+    // A scroll bar with this property takes no room from what it scrolls.
+    static constexpr const char* kOverContentProperty = "isOverContent";
+
     ChromeStyle();
 
     void polish(QPalette& palette) override;

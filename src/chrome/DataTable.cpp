@@ -1,8 +1,11 @@
 #include "chrome/DataTable.h"
 
+#include "chrome/ChromeStyle.h"
 #include "chrome/Painting.h"
 #include "chrome/TableCellDelegate.h"
 #include "chrome/TableHeader.h"
+
+#include <QScrollBar>
 
 namespace tarnquill {
 
@@ -37,6 +40,10 @@ DataTable::DataTable(QWidget* parent) : QTableView(parent) {
     numbers->setSectionResizeMode(QHeaderView::Fixed);
     numbers->setFixedWidth(kRowNumberWidth);
     setVerticalHeader(numbers);
+
+    // Over the cells' padding, and so below the header.
+    verticalScrollBar()->setProperty(ChromeStyle::kOverContentProperty, true);
+    verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
 void DataTable::setModel(QAbstractItemModel* newModel) {
@@ -50,9 +57,16 @@ QColor DataTable::rowColor(int row) {
     return row % 2 == 0 ? plain : Painting::mix(plain, themeColor(ColorRole::raised), 0.55);
 }
 
+bool DataTable::isRowSelected(int row) const {
+    return selectionModel() != nullptr && selectionModel()->isRowSelected(row, rootIndex());
+}
+
+QString DataTable::longestRowNumber() const {
+    return model()->headerData(model()->rowCount() - 1, Qt::Vertical).toString();
+}
+
 void DataTable::fitRowNumbers() {
-    const auto longest = model()->headerData(model()->rowCount() - 1, Qt::Vertical).toString();
-    const auto width = Painting::textWidth(longest, FontRole::note) + 2 * kRowNumberPadding;
+    const auto width = Painting::textWidth(longestRowNumber(), FontRole::note) + 2 * kRowNumberPadding;
     verticalHeader()->setFixedWidth(std::max(kRowNumberWidth, width));
 }
 

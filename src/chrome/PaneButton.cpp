@@ -118,6 +118,12 @@ void PaneButton::setMenu(QMenu* menu) {
     update();
 }
 
+void PaneButton::setOpensPopover(bool opens) {
+    m_opensPopover = opens;
+    updateGeometry();
+    update();
+}
+
 void PaneButton::showMenu() {
     if (m_menu != nullptr && isEnabled()) {
         setDown(true);
@@ -187,7 +193,7 @@ QSize PaneButton::sizeHint() const {
             width = std::max(width, copiedWidth() + 2 * kCopiedPadding);
         }
     }
-    if (m_menu != nullptr) {
+    if (showsChevron()) {
         width += showsTitle() ? 14 : 10;
     }
     return {width, height};
@@ -237,7 +243,7 @@ void PaneButton::paintEvent(QPaintEvent*) {
     Painting::box(painter, rect(), m_size == Size::compact ? kCompactRadius : kRadius, ink.fill, ink.border);
 
     QRect content = rect();
-    if (m_menu != nullptr) {
+    if (showsChevron()) {
         const int edge = m_look == Look::plain ? 6 : 8;
         const QRect chevron(width() - edge - kChevron, 0, kChevron, height());
         Painting::symbol(painter, chevron, u"chevron-down"_s, kChevron,

@@ -49,6 +49,9 @@ public:
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     void showMenu();
 
+    // Shows a chevron too: a click opens something below the button that is no menu.
+    void setOpensPopover(bool opens);
+
     // Says "Copied" for a moment. A button with a title keeps its width from the first time it is laid out:
     // call reserveCopied() at set-up. An icon-only button shows a check mark, with the word where `widens`
     // allows it.
@@ -75,6 +78,7 @@ private:
     };
 
     [[nodiscard]] bool isOn() const { return m_tinted || isChecked(); }
+    [[nodiscard]] bool showsChevron() const { return m_menu != nullptr || m_opensPopover; }
     [[nodiscard]] bool showsTitle() const;
     [[nodiscard]] FontRole fontRole() const;
     [[nodiscard]] int padding() const;
@@ -93,6 +97,7 @@ private:
     QMenu* m_menu = nullptr;
     int m_iconExtent = 14;
     int m_count = 0;
+    bool m_opensPopover = false;
     bool m_iconOnly = false;
     bool m_tinted = false;
     bool m_reservesCopied = false;

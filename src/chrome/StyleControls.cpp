@@ -162,7 +162,6 @@ QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option) {
     constexpr int kEdge = 2;
     constexpr int kThumb = 8;
-    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
     if (option.maximum <= option.minimum) {
         return;
     }

@@ -23,6 +23,7 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option);
 void drawRadioButton(QPainter& painter, const QStyleOption& option);
 void drawCombo(QPainter& painter, const QStyleOptionComboBox& option);
 
+// The thumb alone.
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option);
 [[nodiscard]] QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part);
 

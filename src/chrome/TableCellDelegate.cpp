@@ -21,9 +21,12 @@ void TableCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                    cell.font, themeColor(cell.color), cell.alignment | Qt::AlignVCenter);
 }
 
+int TableCellDelegate::widthFor(const QString& text, FontRole font) {
+    return Painting::textWidth(text, font) + 2 * kPadding + 1;
+}
+
 QSize TableCellDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const {
-    return {Painting::textWidth(index.data().toString(), look(index).font) + 2 * kPadding + 1,
-            DataTable::kRowHeight};
+    return {widthFor(index.data().toString(), look(index).font), DataTable::kRowHeight};
 }
 
 } // namespace tarnquill

@@ -25,6 +25,8 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+    // A cell's width in which that text is not elided.
+    [[nodiscard]] static int widthFor(const QString& text, FontRole font);
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 

@@ -4,8 +4,6 @@
 #include "chrome/Painting.h"
 #include "chrome/TableCellDelegate.h"
 
-#include <QItemSelectionModel>
-
 namespace tarnquill {
 
 namespace {
@@ -27,8 +25,8 @@ QSize TableHeader::sizeHint() const {
 
 void TableHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
     painter->fillRect(rect, themeColor(ColorRole::raised));
-    painter->fillRect(rect.left(), rect.bottom(), rect.width(), 1, themeColor(ColorRole::hairline));
-    painter->fillRect(rect.right(), rect.top(), 1, rect.height(), themeColor(ColorRole::hairline));
+    painter->fillRect(rect.left(), rect.bottom(), rect.width(), 1, themeColor(ColorRole::border));
+    painter->fillRect(rect.right(), rect.top(), 1, rect.height(), themeColor(ColorRole::border));
     constexpr int kPadding = TableCellDelegate::kPadding;
     paintLabel(*painter, rect.adjusted(kPadding, 0, -kPadding, 0), section);
 }
@@ -43,14 +41,13 @@ QSize TableHeader::sectionSizeFromContents(int section) const {
     return {Painting::textWidth(label, FontRole::tableHeader) + 2 * TableCellDelegate::kPadding + 1, kHeight};
 }
 
-RowNumbers::RowNumbers(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+RowNumbers::RowNumbers(DataTable* table) : QHeaderView(Qt::Vertical, table) {
     setSectionsClickable(true);
     setHighlightSections(false);
 }
 
 void RowNumbers::paintSection(QPainter* painter, const QRect& rect, int section) const {
-    const auto isSelected =
-        selectionModel() != nullptr && selectionModel()->isRowSelected(section, rootIndex());
+    const auto isSelected = static_cast<const DataTable*>(parent())->isRowSelected(section);
     painter->fillRect(rect, isSelected ? themeColor(ColorRole::selectedRow) : DataTable::rowColor(section));
     painter->fillRect(rect.right(), rect.top(), 1, rect.height(), themeColor(ColorRole::hairline));
     Painting::text(*painter, rect.adjusted(0, 0, -kNumberPadding, 0),

@@ -5,6 +5,8 @@
 
 namespace tarnquill {
 
+class DataTable;
+
 class TableHeader : public QHeaderView {
     Q_OBJECT
 
@@ -25,7 +27,7 @@ class RowNumbers : public QHeaderView {
     Q_OBJECT
 
 public:
-    explicit RowNumbers(QWidget* parent = nullptr);
+    explicit RowNumbers(DataTable* table);
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;

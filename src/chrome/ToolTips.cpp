@@ -4,7 +4,7 @@
 #include "chrome/Painting.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QWidget>
 
@@ -20,13 +20,12 @@ constexpr QMargins kPadding(10, 6, 10, 6);
 
 class Bubble : public QWidget {
 public:
-    explicit Bubble(QWidget& anchor)
-        : QWidget(anchor.window()), m_text(anchor.toolTip()), m_fade(new Fade(this, 100)) {
+    Bubble(QWidget& anchor, const QRect& part, const QString& text)
+        : QWidget(anchor.window()), m_text(text), m_fade(new Fade(this, 100)) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
-        const QSize text = Painting::paragraphSize(m_text, FontRole::note, kWidest);
-        resize(text.grownBy(kPadding));
-        move(placeFor(anchor));
+        resize(Painting::paragraphSize(m_text, FontRole::note, kWidest).grownBy(kPadding));
+        move(placeFor(QRect(anchor.mapTo(window(), part.topLeft()), part.size())));
         show();
         raise();
         m_fade->glideTo(1);
@@ -43,8 +42,7 @@ protected:
 
 private:
     // Below the control, or above it where the window ends.
-    [[nodiscard]] QPoint placeFor(const QWidget& anchor) const {
-        const QRect control(anchor.mapTo(window(), QPoint(0, 0)), anchor.size());
+    [[nodiscard]] QPoint placeFor(const QRect& control) const {
         const int farthest = window()->width() - kGap - width();
         const int x = std::max(kGap, std::min(control.center().x() - width() / 2, farthest));
         const int below = control.bottom() + 1 + kGap;
@@ -60,6 +58,15 @@ class Watcher : public QObject {
 public:
     explicit Watcher(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
 
+    void showFor(QWidget& widget, const QRect& part, const QString& text) {
+        if (m_anchor != &widget || m_part != part || !m_bubble) {
+            hide();
+            m_anchor = &widget;
+            m_part = part;
+            m_bubble = new Bubble(widget, part, text);
+        }
+    }
+
 protected:
     bool eventFilter(QObject* object, QEvent* event) override {
         switch (event->type()) {
@@ -69,6 +76,12 @@ protected:
         case QEvent::Hide:
         case QEvent::ToolTipChange:
             if (object == m_anchor) {
+                hide();
+            }
+            break;
+        case QEvent::MouseMove:
+            if (object == m_anchor &&
+                !m_part.contains(static_cast<QMouseEvent*>(event)->position().toPoint())) {
                 hide();
             }
             break;
@@ -89,11 +102,7 @@ private:
         if (widget.toolTip().isEmpty() || widget.window()->windowType() == Qt::Popup) {
             return false;
         }
-        if (m_anchor != &widget || !m_bubble) {
-            hide();
-            m_anchor = &widget;
-            m_bubble = new Bubble(widget);
-        }
+        showFor(widget, widget.rect(), widget.toolTip());
         return true;
     }
 
@@ -107,13 +116,22 @@ private:
     }
 
     QPointer<QWidget> m_anchor;
+    QRect m_part; // of the anchor
     QPointer<Bubble> m_bubble;
 };
+
+QPointer<Watcher> watcher;
 
 } // namespace
 
 void install() {
-    new Watcher(qApp);
+    watcher = new Watcher(qApp);
+}
+
+void showForPart(QWidget& view, const QRect& part, const QString& text) {
+    if (watcher) {
+        watcher->showFor(view, part, text);
+    }
 }
 
 } // namespace tarnquill::ToolTips
