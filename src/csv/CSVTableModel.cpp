@@ -15,14 +15,6 @@ constexpr std::size_t kLongestLine = 500;
 
 constexpr QChar kLineBreakSign(u'\u21B5');
 
-std::string_view beginning(std::string_view text) {
-    auto end = std::min(text.size(), kLongestLine);
-    while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
-        --end; // not within a character
-    }
-    return text.substr(0, end);
-}
-
 struct Run {
     std::size_t first;
     std::size_t count;
@@ -114,9 +106,17 @@ bool CSVTableModel::isNumeric(int section) const {
     return m_document->isNumeric(columnID(section));
 }
 
+QString CSVTableModel::beginning(std::string_view text, std::size_t size) {
+    auto end = std::min(text.size(), size);
+    while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
+        --end; // not within a character
+    }
+    const auto shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(end));
+    return end < text.size() ? shown + u'…' : shown;
+}
+
 QString CSVTableModel::lineText(std::string_view text) {
-    const auto shown = beginning(text);
-    auto line = QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
+    auto line = beginning(text, kLongestLine);
     for (auto& character : line) {
         if (character == u'\n') {
             character = kLineBreakSign;
@@ -126,7 +126,7 @@ QString CSVTableModel::lineText(std::string_view text) {
             character = QChar::ReplacementCharacter;
         }
     }
-    return shown.size() < text.size() ? line + QChar(u'…') : line;
+    return line;
 }
 
 // Takes only those columns away and adds only those that changed, so that the others keep their width and
@@ -141,6 +141,7 @@ void CSVTableModel::updateColumns() {
         reset();
         return;
     }
+    Q_EMIT aboutToRearrange();
     for (const auto& [first, count] : std::views::reverse(removed)) {
         beginRemoveColumns({}, static_cast<int>(first), static_cast<int>(first + count) - 1);
         const auto start = m_columns.begin() + static_cast<std::ptrdiff_t>(first);
@@ -154,10 +155,12 @@ void CSVTableModel::updateColumns() {
                          start + static_cast<std::ptrdiff_t>(count));
         endInsertColumns();
     }
+    Q_EMIT rearranged();
 }
 
 // Rows are not moved one by one: where they stand they show other cells, and at the end some come or go.
 void CSVTableModel::updateRows() {
+    Q_EMIT aboutToRearrange();
     const auto count = shownRows();
     if (count < m_rowCount) {
         beginRemoveRows({}, count, m_rowCount - 1);
@@ -176,7 +179,7 @@ void CSVTableModel::updateRows() {
         m_rowCount = count;
         endInsertRows();
     }
-    Q_EMIT rowsReplaced();
+    Q_EMIT rearranged();
 }
 
 } // namespace tarnquill

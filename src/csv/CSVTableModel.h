@@ -31,12 +31,16 @@ public:
     [[nodiscard]] std::string_view cell(const QModelIndex& index) const;
     [[nodiscard]] bool isNumeric(int section) const;
 
+    // The first so many bytes of a text, and a sign when there are more.
+    [[nodiscard]] static QString beginning(std::string_view text, std::size_t size);
     // The beginning of a text with signs in place of line breaks and other control characters.
     [[nodiscard]] static QString lineText(std::string_view text);
 
 Q_SIGNALS:
-    // After the rows of another query have taken the place of those before.
-    void rowsReplaced();
+    // Around the signals of other rows or columns, but not of a reset: what was selected and current may be
+    // lost on the way, or be somewhere else.
+    void aboutToRearrange();
+    void rearranged();
 
 private:
     void takeAll();

@@ -104,6 +104,9 @@ public:
 
     void setSelection(const CSVRowSet& selection);
 
+    [[nodiscard]] bool isWorking() const {
+        return m_parseTask.isPending() || m_rowsTask.isPending() || m_copyTask.isPending();
+    }
     // Gives up what is being worked on: the table, the filters and the sort are again those that are shown.
     void cancelWork();
 

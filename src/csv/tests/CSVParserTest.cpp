@@ -175,6 +175,8 @@ TEST(CSVParser, GivesEveryDocumentAnIdentityOfItsOwn) {
 
 TEST(CSVParser, ReadsHostileTextInLinearTime) {
     constexpr std::size_t kSize = 5'000'000;
+    // Each takes a fraction of a second, and would take hours if every byte were looked at for every other.
+    constexpr std::chrono::seconds kLimit(60);
     const struct {
         const char* name;
         std::string text;
@@ -193,7 +195,7 @@ TEST(CSVParser, ReadsHostileTextInLinearTime) {
     for (const auto& [name, text, columns, rowCount] : kTexts) {
         const auto start = std::chrono::steady_clock::now();
         const auto document = CSVParser::parse(text, {.header = HeaderRow::none});
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3)) << name;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, kLimit) << name;
         EXPECT_EQ(document.columnCount(), columns) << name;
         EXPECT_EQ(document.rowCount(), rowCount) << name;
     }

@@ -17,8 +17,7 @@ namespace {
 class CSVTableModelTest : public testing::Test {
 protected:
     void settle() {
-        ASSERT_TRUE(
-            waitUntil([&] { return !m_tool.parseTask().isPending() && !m_tool.rowsTask().isPending(); }));
+        ASSERT_TRUE(waitUntil([&] { return !m_tool.isWorking(); }));
     }
 
     [[nodiscard]] QStringList shown(Qt::Orientation orientation) const {

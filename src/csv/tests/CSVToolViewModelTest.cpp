@@ -27,10 +27,7 @@ class CSVToolViewModelTest : public testing::Test {
 protected:
     // Lets everything finish that the last change has set off.
     void settle() {
-        ASSERT_TRUE(waitUntil([&] {
-            return !m_model.parseTask().isPending() && !m_model.rowsTask().isPending() &&
-                   !m_model.copyTask().isPending();
-        }));
+        ASSERT_TRUE(waitUntil([&] { return !m_model.isWorking(); }));
     }
 
     void setText(const QString& text) {
