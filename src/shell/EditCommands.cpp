@@ -15,8 +15,13 @@ bool is(const QWidget& textView, const char* property) {
     return textView.property(property).toBool();
 }
 
+// A table has nothing to cut, for example.
+bool has(const QWidget& textView, const char* slot) {
+    return textView.metaObject()->indexOfSlot(QByteArray(slot) + "()") >= 0;
+}
+
 bool isTextView(const QWidget& widget) {
-    return widget.metaObject()->indexOfSlot("selectAll()") >= 0 && widget.property("readOnly").isValid();
+    return has(widget, "selectAll") && widget.property("readOnly").isValid();
 }
 
 } // namespace
@@ -61,8 +66,9 @@ void EditCommands::add(const QString& title, QKeySequence::StandardKey key, cons
             QMetaObject::invokeMethod(m_textView, slot);
         }
     });
-    connect(this, &QMenu::aboutToShow, action, [this, action, isPossible] {
-        action->setEnabled(m_textView != nullptr && m_textView->isVisible() && isPossible(*m_textView));
+    connect(this, &QMenu::aboutToShow, action, [this, action, slot, isPossible] {
+        action->setEnabled(m_textView != nullptr && m_textView->isVisible() && has(*m_textView, slot) &&
+                           isPossible(*m_textView));
     });
 }
 

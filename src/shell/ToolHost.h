@@ -3,6 +3,7 @@
 #pragma once
 
 #include "codec/CodecToolViewModel.h"
+#include "csv/CSVToolViewModel.h"
 #include "mermaid/MermaidToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
@@ -37,6 +38,7 @@ public:
     std::optional<QString> open(const QUrl& url);
 
     [[nodiscard]] JSONToolViewModel& json() { return m_json; }
+    [[nodiscard]] CSVToolViewModel& csv() { return m_csv; }
     [[nodiscard]] MermaidToolViewModel& mermaid() { return m_mermaid; }
     [[nodiscard]] CodecToolViewModel& codec() { return m_codec; }
     [[nodiscard]] TimestampToolViewModel& timestamp() { return m_timestamp; }
@@ -44,9 +46,10 @@ public:
 private:
     const ToolCatalogue& m_catalogue;
     JSONToolViewModel m_json;
+    CSVToolViewModel m_csv;
     MermaidToolViewModel m_mermaid;
-    CodecToolViewModel m_codec;
     TimestampToolViewModel m_timestamp;
+    CodecToolViewModel m_codec;
 };
 
 } // namespace tarnquill

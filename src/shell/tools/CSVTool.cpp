@@ -1,6 +1,9 @@
 #include "shell/tools/CSVTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "csv/CSVToolView.h"
+#include "shell/ToolHost.h"
+
+#include <QUrl>
 
 namespace tarnquill {
 
@@ -8,8 +11,12 @@ using namespace Qt::StringLiterals;
 
 CSVTool::CSVTool() : Tool(u"csv"_s, u"CSV"_s, u"tablecells"_s, ToolCategory::data, {u"csv"_s, u"tsv"_s}) {}
 
-ToolView* CSVTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* CSVTool::makeView(ToolHost& host) const {
+    return new CSVToolView(host.csv());
+}
+
+void CSVTool::open(const QUrl& url, ToolHost& host) const {
+    host.csv().open(url.toLocalFile());
 }
 
 } // namespace tarnquill
