@@ -1,6 +1,7 @@
 // Prints how long the main thread answers nothing while the CSV tool opens a table of a million rows,
 // filters, searches, sorts and scrolls it, selects and copies all of it, and how long each of these takes
-// until the picture is there. Set QT_QPA_PLATFORM=offscreen where there is no display.
+// until the result is there; and then while it shows tables that no program would write. Set
+// QT_QPA_PLATFORM=offscreen where there is no display.
 #include "GeneratedCSV.h"
 #include "MainThreadGap.h"
 
@@ -15,6 +16,8 @@
 #include <cstdio>
 #include <fstream>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace tarnquill {
 
@@ -35,7 +38,7 @@ public:
         QCoreApplication::processEvents();
     }
 
-    void run(const QString& path) {
+    void showMillionRows(const QString& path) {
         report("open", [&] { m_model.open(path); });
         report("filter", [&] { m_model.setColumnFilter(kStatus, QStringLiteral("act")); });
         report("filter to nothing", [&] { m_model.setColumnFilter(kStatus, QStringLiteral("nowhere")); });
@@ -53,6 +56,17 @@ public:
         report("no header", [&] { m_model.setTreatsFirstRowAsHeader(false); });
         report("header again", [&] { m_model.setTreatsFirstRowAsHeader(true); });
         report("open again", [&] { m_model.open(path); });
+    }
+
+    // And looks at the whole value of the first cell.
+    void show(const char* name, const QString& path) {
+        report(name, [&] { m_model.open(path); });
+        report("- its first value", [&] {
+            grid().setCurrentIndex(grid().model()->index(0, 0));
+            Q_EMIT grid().valueRequested();
+        });
+        report("- all columns hidden", [&] { m_model.hideAllColumns(); });
+        report("- and shown", [&] { m_model.showAllColumns(); });
     }
 
 private:
@@ -77,7 +91,7 @@ private:
             took = MainThreadGap::Clock::now() - start;
             return !m_view.isWorking();
         });
-        std::printf("%-18s %8.1f %8.0f %10zu\n", name, gap.count(), took.count(),
+        std::printf("%-20s %8.1f %8.0f %10zu\n", name, gap.count(), took.count(),
                     m_model.visibleRows()->size());
     }
 
@@ -97,7 +111,27 @@ int main(int argc, char** argv) {
     const auto path = folder.filePath(QStringLiteral("million.csv"));
     std::ofstream(path.toStdString(), std::ios::binary) << tarnquill::bench::generatedCSV(tarnquill::kRows);
     std::printf("Milliseconds: the longest gap of the main thread, and until the result is there.\n\n"
-                "%-18s %8s %8s %10s\n",
+                "%-20s %8s %8s %10s\n",
                 "", "gap", "took", "rows");
-    tarnquill::Measurement().run(path);
+    tarnquill::Measurement measurement;
+    measurement.showMillionRows(path);
+    const auto repeated = [](std::string_view text, std::size_t count) {
+        std::string result;
+        for (std::size_t i = 0; i < count; ++i) {
+            result += text;
+        }
+        return result;
+    };
+    const std::pair<const char*, std::string> hostile[] = {
+        {"unclosed quote", "\"" + repeated("some,text\n", 5'000'000)},
+        {"100,000 columns", repeated("name,", 100'000) + "\n" + repeated("1,", 100'000)},
+        {"cell of 20 MB", "a,b\n" + std::string(20'000'000, 'x') + ",y\n"},
+        {"name of 20 MB", std::string(20'000'000, 'x') + ",y\n1,2\n"},
+        {"10 MB of NUL", std::string(10'000'000, '\0')},
+        {"10 MB of delimiters", std::string(10'000'000, ',')},
+        {"10 MB of line ends", std::string(10'000'000, '\n')}};
+    for (const auto& [name, text] : hostile) {
+        std::ofstream(path.toStdString(), std::ios::binary) << text;
+        measurement.show(name, path);
+    }
 }

@@ -60,8 +60,7 @@ public:
             return {};
         }
         if (isColumn) {
-            return CSVTableModel::lineText(
-                m_tool.document()->column(static_cast<std::size_t>(index.row())).name);
+            return CSVTableModel::columnTitle(*m_tool.document(), static_cast<std::size_t>(index.row()));
         }
         return index.row() - columns() == showAll   ? tr("Show All")
                : index.row() - columns() == hideAll ? tr("Hide All")

@@ -56,7 +56,7 @@ public:
         const auto column = static_cast<std::size_t>(index.row());
         switch (role) {
         case Qt::DisplayRole:
-            return CSVTableModel::lineText(m_tool.document()->column(column).name);
+            return CSVTableModel::columnTitle(*m_tool.document(), column);
         case Qt::EditRole:
             return m_tool.columnFilter(column);
         default:

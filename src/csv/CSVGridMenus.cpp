@@ -59,6 +59,7 @@ void CSVGrid::addColumnActions(QMenu& menu, int section) {
         m_tool.setColumnFilter(column, {});
     })->setEnabled(!m_tool.columnFilter(column).isEmpty());
     menu.addSeparator();
+    add(menu, tr("Copy Column"), [this, column] { m_tool.copyCells(*m_tool.visibleRows(), {column}); });
     add(menu, tr("Fit to Content"), [this, section] { fitColumn(section); });
     const auto visual = horizontalHeader()->visualIndex(section);
     add(menu, tr("Move Left"), [this, section] { moveColumn(section, -1); })->setEnabled(visual > 0);

@@ -202,10 +202,13 @@ Document parse(std::string_view text, const Options& options, const std::stop_to
 }
 
 Column Document::column(std::size_t id) const {
-    const auto name = hadHeader() ? field(0, id) : std::string_view();
-    return {.id = id,
-            .name = trimmed(name).empty() ? columnName(id) : std::string(name),
-            .isNumeric = m_isNumeric[id]};
+    const auto name = nameInHeader(id);
+    return {.id = id, .name = name ? std::string(*name) : columnName(id), .isNumeric = m_isNumeric[id]};
+}
+
+std::optional<std::string_view> Document::nameInHeader(std::size_t column) const {
+    const auto name = hadHeader() ? field(0, column) : std::string_view();
+    return trimmed(name).empty() ? std::nullopt : std::optional(name);
 }
 
 std::string_view Document::rowText(std::size_t row) const {

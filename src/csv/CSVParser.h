@@ -45,6 +45,9 @@ public:
 
     [[nodiscard]] std::size_t columnCount() const { return m_isNumeric.size(); }
     [[nodiscard]] Column column(std::size_t id) const;
+    // The column's name in the header. Nothing where that is blank or missing, and a letter name stands for
+    // it.
+    [[nodiscard]] std::optional<std::string_view> nameInHeader(std::size_t column) const;
     [[nodiscard]] bool isNumeric(std::size_t column) const { return m_isNumeric[column]; }
 
     // Data rows: the header is not among them.

@@ -87,7 +87,7 @@ QVariant CSVTableModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation == Qt::Vertical) {
         return section < rowCount() ? QString::number(rowID(section) + std::size_t{1}) : QVariant();
     }
-    return section < columnCount() ? lineText(m_document->column(columnID(section)).name) : QVariant();
+    return section < columnCount() ? columnTitle(*m_document, columnID(section)) : QVariant();
 }
 
 RowID CSVTableModel::rowID(int row) const {
@@ -127,6 +127,11 @@ QString CSVTableModel::lineText(std::string_view text) {
         }
     }
     return line;
+}
+
+QString CSVTableModel::columnTitle(const CSVParser::Document& document, std::size_t column) {
+    const auto name = document.nameInHeader(column); // not copied: it may be long, and is asked for often
+    return name ? lineText(*name) : QString::fromStdString(CSVParser::columnName(column));
 }
 
 // Takes only those columns away and adds only those that changed, so that the others keep their width and

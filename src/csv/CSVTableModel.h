@@ -35,6 +35,8 @@ public:
     [[nodiscard]] static QString beginning(std::string_view text, std::size_t size);
     // The beginning of a text with signs in place of line breaks and other control characters.
     [[nodiscard]] static QString lineText(std::string_view text);
+    // A column's name so shown.
+    [[nodiscard]] static QString columnTitle(const CSVParser::Document& document, std::size_t column);
 
 Q_SIGNALS:
     // Around the signals of other rows or columns, but not of a reset: what was selected and current may be

@@ -117,9 +117,6 @@ void CSVToolView::makeContent() {
     m_content->addWidget(m_allHidden);
     m_pane = new ToolPane(u"Table"_s, m_content);
     m_pane->setMinimumWidth(kPaneMinimum);
-    m_pane->follow(m_model.parseTask(), u"Reading…"_s);
-    m_pane->follow(m_model.rowsTask(), u"Updating rows…"_s);
-    m_pane->follow(m_model.copyTask(), u"Copying…"_s);
     connect(m_pane, &ToolPane::errorActivated, &m_model, &CSVToolViewModel::dismissError);
 }
 
@@ -239,6 +236,16 @@ void CSVToolView::connectModel() {
     connect(&m_model, &CSVToolViewModel::visibleRowsChanged, this, &CSVToolView::showRows);
     connect(&m_model, &CSVToolViewModel::selectionChanged, this, &CSVToolView::showRows);
     connect(&m_model, &CSVToolViewModel::copied, this, &CSVToolView::takeCopied);
+    for (auto* const task : {&m_model.parseTask(), &m_model.rowsTask(), &m_model.copyTask()}) {
+        connect(task, &LatestTask::longChanged, this, &CSVToolView::showWork);
+    }
+}
+
+void CSVToolView::showWork() {
+    m_pane->setBusy(m_model.parseTask().isLong()  ? u"Reading… (Esc stops)"_s
+                    : m_model.rowsTask().isLong() ? u"Finding the rows… (Esc stops)"_s
+                    : m_model.copyTask().isLong() ? u"Copying… (Esc stops)"_s
+                                                  : QString());
 }
 
 void CSVToolView::showDocument() {

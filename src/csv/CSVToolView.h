@@ -42,6 +42,7 @@ private:
     void connectModel();
 
     [[nodiscard]] bool hasError() const;
+    void showWork();
     void showDocument();
     void showError();
     void showColumns();

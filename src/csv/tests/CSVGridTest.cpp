@@ -11,6 +11,7 @@
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -224,6 +225,20 @@ TEST_F(CSVGridTest, FitsColumnsToTheirContentAndKeepsWidthsThatWereChosen) {
     EXPECT_EQ(m_grid.columnWidth(0), 80) << "another table";
 }
 
+TEST_F(CSVGridTest, ShowsTheWholeOfACellThatIsCutShortBelowIt) {
+    setText(u"a,b\n"_s + QString(100, u'x') + u",short\n1,2\n"_s);
+    const auto hover = [&](int section) {
+        const auto place = cellPoint(0, section);
+        QHelpEvent event(QEvent::ToolTip, place, m_grid.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(m_grid.viewport(), &event);
+        return m_grid.grab().toImage().pixelColor(m_grid.viewport()->mapTo(&m_grid, cellPoint(1, section)) +
+                                                  QPoint(0, 4));
+    };
+    EXPECT_NE(hover(1), themeColor(ColorRole::tooltip));
+    EXPECT_EQ(hover(0), themeColor(ColorRole::tooltip));
+    EXPECT_NE(hover(1), themeColor(ColorRole::tooltip));
+}
+
 TEST_F(CSVGridTest, TakesAHundredThousandColumns) {
     QString names;
     for (int i = 0; i < 100'000; ++i) {
@@ -246,6 +261,10 @@ TEST_F(CSVGridTest, OffersWhatCanBeDoneWithAColumnAndACellAsMenus) {
     EXPECT_THAT(m_tool.sortOrder(), IsEmpty());
     choose(head, headerPoint(0), u"Move Right"_s);
     EXPECT_EQ(header().visualIndex(0), 1);
+    QSignalSpy columns(&m_tool, &CSVToolViewModel::copied);
+    choose(head, headerPoint(2), u"Copy Column"_s);
+    ASSERT_EQ(columns.count(), 1);
+    EXPECT_EQ(columns.first().first().toByteArray(), "98\n73\n84\n61\n45\n");
     QSignalSpy filters(&m_grid, &CSVGrid::filterRequested);
     choose(head, headerPoint(3), u"Filter…"_s);
     EXPECT_EQ(filters.count(), 1);

@@ -2,6 +2,7 @@
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
 #include "common/testing/WaitUntil.h"
+#include "csv/CSVGrid.h"
 #include "shell/AppShellView.h"
 #include "shell/EditCommands.h"
 #include "shell/FileCommands.h"
@@ -182,6 +183,17 @@ TEST_F(CommandsTest, OffersOnlyTheEditsThatDoSomething) {
     }
     window.selectTool(u"no such tool"_s);
     EXPECT_FALSE(offers(edit, u"Select All"_s)) << "the text view is not shown any more";
+}
+
+TEST_F(CommandsTest, CopiesFromATableButCutsNothing) {
+    CSVToolViewModel model;
+    CSVGrid grid(model, &window);
+    grid.show();
+    grid.setFocus();
+    EXPECT_FALSE(offers(edit, u"Copy"_s));
+    grid.selectAll();
+    EXPECT_TRUE(offers(edit, u"Copy"_s));
+    EXPECT_FALSE(offers(edit, u"Cut"_s));
 }
 
 TEST_F(CommandsTest, PassesFindAndZoomToTheShownTool) {
