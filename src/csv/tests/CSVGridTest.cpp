@@ -231,12 +231,18 @@ TEST_F(CSVGridTest, ShowsTheWholeOfACellThatIsCutShortBelowIt) {
         const auto place = cellPoint(0, section);
         QHelpEvent event(QEvent::ToolTip, place, m_grid.viewport()->mapToGlobal(place));
         QApplication::sendEvent(m_grid.viewport(), &event);
-        return m_grid.grab().toImage().pixelColor(m_grid.viewport()->mapTo(&m_grid, cellPoint(1, section)) +
-                                                  QPoint(0, 4));
     };
-    EXPECT_NE(hover(1), themeColor(ColorRole::tooltip));
-    EXPECT_EQ(hover(0), themeColor(ColorRole::tooltip));
-    EXPECT_NE(hover(1), themeColor(ColorRole::tooltip));
+    const auto isShown = [&] {
+        const auto below = m_grid.viewport()->mapTo(&m_grid, cellPoint(1, 0)) + QPoint(0, 4);
+        return m_grid.grab().toImage().pixelColor(below) == themeColor(ColorRole::tooltip);
+    };
+    hover(1);
+    letEventsPass(150);
+    EXPECT_FALSE(isShown());
+    hover(0);
+    EXPECT_TRUE(waitUntil(isShown));
+    QTest::mouseMove(m_grid.viewport(), cellPoint(0, 1));
+    EXPECT_TRUE(waitUntil([&] { return !isShown(); })) << "the pointer has left the cell";
 }
 
 TEST_F(CSVGridTest, TakesAHundredThousandColumns) {
