@@ -41,13 +41,12 @@ public:
     // A typed letter leads nowhere: to look for it in a million rows takes too long.
     void keyboardSearch(const QString& /*search*/) override {}
 
-public Q_SLOTS:
-    void undo() { m_tool.undo(); }
-    void redo() { m_tool.redo(); }
+    Q_SLOT void undo() { m_tool.undo(); }
+    Q_SLOT void redo() { m_tool.redo(); }
     // Copies the selected cells as tab-separated values.
-    void copy();
+    Q_SLOT void copy();
     // Opens the file or reads the text that is on the clipboard.
-    void paste();
+    Q_SLOT void paste();
 
 Q_SIGNALS:
     void currentCellChanged();
