@@ -16,7 +16,7 @@ protected:
     ~TextFile() override { std::filesystem::remove_all(m_folder); }
 
     [[nodiscard]] std::filesystem::path write(const std::string& name, std::string_view bytes) const {
-        std::ofstream(m_folder / name, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+        std::ofstream(m_folder / name, std::ios::binary) << bytes;
         return m_folder / name;
     }
 
