@@ -41,6 +41,8 @@ set(chrome_symbols
     columns-3
     copy
     download
+    eye
+    eye-off
     feather
     file
     file-down

@@ -139,6 +139,11 @@ Outcome verify(std::string_view token, std::string_view key, SecretForm secretFo
     return check(parts.signingInput(), *signature, readKey(trimmedKey, algorithm, *header, secretForm));
 }
 
+bool usesCertificate(const Outcome& outcome) {
+    const auto isChecked = outcome.kind == Kind::verified || outcome.kind == Kind::mismatch;
+    return isChecked && outcome.detail.ends_with(kFromCertificate);
+}
+
 Algorithm algorithmOf(std::string_view token) {
     const auto cleaned = cleanedToken(token);
     const TokenParts parts(cleaned);

@@ -39,6 +39,9 @@ enum class SecretForm : std::uint8_t { text, base64 };
 
 [[nodiscard]] Outcome verify(std::string_view token, std::string_view key, SecretForm secretForm);
 
+// Whether the key that was used came from a certificate, of which neither trust nor dates are judged.
+[[nodiscard]] bool usesCertificate(const Outcome& outcome);
+
 // What the token's header names; unknown as well when the token is malformed.
 [[nodiscard]] Algorithm algorithmOf(std::string_view token);
 

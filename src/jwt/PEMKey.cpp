@@ -24,8 +24,6 @@ constexpr std::string_view kECPublicKey = "\x2A\x86\x48\xCE\x3D\x02\x01";
 constexpr std::string_view kEd25519 = "\x2B\x65\x70";
 constexpr std::string_view kEd448 = "\x2B\x65\x71";
 
-constexpr std::string_view kFromCertificate = ", from a certificate";
-
 std::string_view labelOf(std::string_view text) {
     constexpr std::string_view kBeforeLabel = "-----BEGIN ";
     const auto begin = text.find(kBeforeLabel);

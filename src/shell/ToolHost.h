@@ -7,6 +7,7 @@
 #include "mermaid/MermaidToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
+#include "jwt/JWTToolViewModel.h"
 
 #include <QObject>
 #include <QString>
@@ -41,6 +42,7 @@ public:
     [[nodiscard]] CSVToolViewModel& csv() { return m_csv; }
     [[nodiscard]] MermaidToolViewModel& mermaid() { return m_mermaid; }
     [[nodiscard]] CodecToolViewModel& codec() { return m_codec; }
+    [[nodiscard]] JWTToolViewModel& jwt() { return m_jwt; }
     [[nodiscard]] TimestampToolViewModel& timestamp() { return m_timestamp; }
 
 private:
@@ -48,6 +50,7 @@ private:
     JSONToolViewModel m_json;
     CSVToolViewModel m_csv;
     MermaidToolViewModel m_mermaid;
+    JWTToolViewModel m_jwt;
     TimestampToolViewModel m_timestamp;
     CodecToolViewModel m_codec;
 };

@@ -1,6 +1,7 @@
 #include "shell/tools/JWTTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "jwt/JWTToolView.h"
+#include "shell/ToolHost.h"
 
 namespace tarnquill {
 
@@ -8,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 JWTTool::JWTTool() : Tool(u"jwt"_s, u"JWT"_s, u"key.horizontal"_s, ToolCategory::encoding) {}
 
-ToolView* JWTTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* JWTTool::makeView(ToolHost& host) const {
+    return new JWTToolView(host.jwt());
 }
 
 } // namespace tarnquill

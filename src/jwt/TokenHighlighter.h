@@ -1,0 +1,12 @@
+// Colours a token in an editor.
+#pragma once
+
+#include "chrome/SyntaxHighlighter.h"
+
+#include <memory>
+
+namespace tarnquill {
+
+[[nodiscard]] std::unique_ptr<SyntaxHighlighter> makeTokenHighlighter();
+
+} // namespace tarnquill
