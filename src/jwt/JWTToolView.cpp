@@ -218,13 +218,17 @@ void JWTToolView::makeSignaturePane() {
     content->setBackgroundRole(QPalette::Base);
     content->setAutoFillBackground(true);
     auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(kSide, 8, kSide, kSide);
+    column->setContentsMargins(kSide - KeyField::kHalo, 8, kSide - KeyField::kHalo, kSide);
     column->setSpacing(0);
+    title->setContentsMargins(KeyField::kHalo, 0, KeyField::kHalo, 0);
     column->addLayout(title);
     column->addSpacing(2);
     column->addWidget(m_key, 1);
-    column->addSpacing(10);
-    column->addWidget(m_outcome);
+    column->addSpacing(kSide - KeyField::kHalo);
+    auto* outcome = new QHBoxLayout;
+    outcome->setContentsMargins(KeyField::kHalo, 0, KeyField::kHalo, 0);
+    outcome->addWidget(m_outcome);
+    column->addLayout(outcome);
 
     m_signaturePane = new ToolPane(u"Signature"_s, content);
     auto& header = m_signaturePane->header();

@@ -1,6 +1,7 @@
 #include "jwt/KeyField.h"
 
 #include "chrome/CodeEditor.h"
+#include "chrome/Overlay.h"
 #include "chrome/Painting.h"
 
 #include <QStackedWidget>
@@ -10,14 +11,44 @@ namespace tarnquill {
 
 namespace {
 
-constexpr int kFrame = 3; // the border, and what the focus adds around it
 constexpr int kRadius = 6;
 constexpr int kLowest = 48;
 
 } // namespace
 
+// Above the editor, whose corners it rounds off.
+class KeyField::Frame : public Overlay {
+public:
+    explicit Frame(QWidget* area) : Overlay(area, 0) { setShown(true); }
+
+    void setFocused(bool isFocused) {
+        m_isFocused = isFocused;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr double kHaloOpacity = 0.35;
+        QPainter painter(this);
+        const auto color = themeColor(m_isFocused ? ColorRole::accent : ColorRole::field);
+        if (m_isFocused) {
+            Painting::box(painter, rect(), kRadius + kHalo, Qt::transparent,
+                          Painting::faded(color, kHaloOpacity), kHalo);
+        }
+        Painting::box(painter, rect().adjusted(kHalo, kHalo, -kHalo, -kHalo), kRadius, Qt::transparent,
+                      color);
+    }
+
+private:
+    bool m_isFocused = false;
+};
+
 KeyField::KeyField(QWidget* parent)
-    : QWidget(parent), m_editor(new CodeEditor), m_dots(new CodeEditor), m_pages(new QStackedWidget) {
+    : QWidget(parent),
+      m_editor(new CodeEditor),
+      m_dots(new CodeEditor),
+      m_pages(new QStackedWidget),
+      m_frame(new Frame(this)) {
     m_editor->setAccessibleName(tr("Key"));
     m_editor->setPlaceholderText(tr("Secret, PEM, certificate, JWK or JWK set"));
     m_dots->setAccessibleName(tr("Hidden key"));
@@ -25,11 +56,13 @@ KeyField::KeyField(QWidget* parent)
     for (auto* const page : {m_editor, m_dots}) {
         page->setLineNumbersVisible(false);
         m_pages->addWidget(page);
-        connect(page, &CodeEditor::focusChanged, this, qOverload<>(&QWidget::update));
+        connect(page, &CodeEditor::focusChanged, this,
+                [this](bool hasFocus) { m_frame->setFocused(hasFocus); });
     }
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(kFrame, kFrame, kFrame, kFrame);
+    layout->setContentsMargins(kHalo, kHalo, kHalo, kHalo);
     layout->addWidget(m_pages);
+    m_frame->raise();
     setFocusProxy(m_editor);
     connect(m_editor, &CodeEditor::textEdited, this, &KeyField::keyEdited);
 }
@@ -57,17 +90,6 @@ void KeyField::showDots() {
 
 QSize KeyField::minimumSizeHint() const {
     return {0, kLowest};
-}
-
-void KeyField::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const auto isFocused = m_pages->currentWidget()->hasFocus();
-    if (isFocused) {
-        constexpr double kHalo = 0.35;
-        Painting::box(painter, rect(), kRadius + 2, Painting::faded(themeColor(ColorRole::accent), kHalo));
-    }
-    Painting::box(painter, rect().adjusted(2, 2, -2, -2), kRadius, themeColor(ColorRole::background),
-                  themeColor(isFocused ? ColorRole::accent : ColorRole::field));
 }
 
 } // namespace tarnquill

@@ -17,6 +17,9 @@ class KeyField : public QWidget {
     Q_OBJECT
 
 public:
+    // The room around the border that the focus takes.
+    static constexpr int kHalo = 2;
+
     explicit KeyField(QWidget* parent = nullptr);
 
     [[nodiscard]] CodeEditor& editor() const { return *m_editor; }
@@ -31,15 +34,15 @@ public:
 Q_SIGNALS:
     void keyEdited();
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
+    class Frame;
+
     void showDots();
 
     CodeEditor* m_editor;
     CodeEditor* m_dots;
     QStackedWidget* m_pages;
+    Frame* m_frame;
 };
 
 } // namespace tarnquill

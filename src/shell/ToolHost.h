@@ -4,10 +4,10 @@
 
 #include "codec/CodecToolViewModel.h"
 #include "csv/CSVToolViewModel.h"
-#include "mermaid/MermaidToolViewModel.h"
-#include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
 #include "jwt/JWTToolViewModel.h"
+#include "mermaid/MermaidToolViewModel.h"
+#include "timestamp/TimestampToolViewModel.h"
 
 #include <QObject>
 #include <QString>
@@ -50,9 +50,9 @@ private:
     JSONToolViewModel m_json;
     CSVToolViewModel m_csv;
     MermaidToolViewModel m_mermaid;
-    JWTToolViewModel m_jwt;
     TimestampToolViewModel m_timestamp;
     CodecToolViewModel m_codec;
+    JWTToolViewModel m_jwt;
 };
 
 } // namespace tarnquill
