@@ -34,7 +34,9 @@ CodeEditor::CodeEditor(QWidget* parent) : TextDropTextView(parent) {
     connect(this, &TextView::selectionChanged, this, [this] {
         m_brackets = hasSelectedText() ? std::nullopt : matchBrackets(buffer(), textSelection().caret);
     });
-    connect(&EditorOptions::instance(), &EditorOptions::changed, this, &CodeEditor::updateColumns);
+    const auto follow = [this] { setWrapsLines(EditorOptions::instance().wrapsLines()); };
+    connect(&EditorOptions::instance(), &EditorOptions::changed, this, follow);
+    follow();
 }
 
 void CodeEditor::setHighlighter(std::unique_ptr<SyntaxHighlighter> highlighter) {

@@ -15,4 +15,10 @@ void EditorOptions::setLineNumbersVisible(bool visible) {
     }
 }
 
+void EditorOptions::setWrapsLines(bool wraps) {
+    if (std::exchange(m_wrapsLines, wraps) != wraps) {
+        Q_EMIT changed();
+    }
+}
+
 } // namespace tarnquill

@@ -15,6 +15,10 @@ public:
     [[nodiscard]] bool showsLineNumbers() const { return m_showsLineNumbers; }
     void setLineNumbersVisible(bool visible);
 
+    // Whether lines break at the view's edge; they do at first.
+    [[nodiscard]] bool wrapsLines() const { return m_wrapsLines; }
+    void setWrapsLines(bool wraps);
+
 Q_SIGNALS:
     void changed();
 
@@ -22,6 +26,7 @@ private:
     EditorOptions() = default;
 
     bool m_showsLineNumbers = true;
+    bool m_wrapsLines = true;
 };
 
 } // namespace tarnquill

@@ -19,6 +19,7 @@ namespace {
 
 const QString kAppearance = u"appearance"_s;
 const QString kLineNumbers = u"lineNumbers"_s;
+const QString kWrapLines = u"wrapLines"_s;
 
 // Appearances by the name that the settings keep.
 const std::array kAppearances{
@@ -91,15 +92,20 @@ void ViewCommands::addEditors(QSettings& settings) {
                    {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal});
     addToolCommand(*this, m_window, ToolCommand::zoomOut, tr("Zoom Out"), {Qt::CTRL | Qt::Key_Minus});
     addToolCommand(*this, m_window, ToolCommand::resetZoom, tr("Actual Size"), {Qt::CTRL | Qt::Key_0});
-    auto& options = EditorOptions::instance();
-    options.setLineNumbersVisible(settings.value(kLineNumbers, true).toBool());
-    auto* const lineNumbers = addAction(tr("Line Numbers"));
-    lineNumbers->setCheckable(true);
-    lineNumbers->setChecked(options.showsLineNumbers());
-    connect(lineNumbers, &QAction::triggered, this, [&settings, &options](bool visible) {
-        settings.setValue(kLineNumbers, visible);
-        options.setLineNumbersVisible(visible);
-    });
+    const auto addOption = [&](const QString& title, const QString& key,
+                               void (EditorOptions::*set)(bool isOn)) {
+        auto* const action = addAction(title);
+        const auto stored = settings.value(key, true).toBool();
+        (EditorOptions::instance().*set)(stored);
+        action->setCheckable(true);
+        action->setChecked(stored);
+        connect(action, &QAction::toggled, this, [&settings, key, set](bool isOn) {
+            settings.setValue(key, isOn);
+            (EditorOptions::instance().*set)(isOn);
+        });
+    };
+    addOption(tr("Line Numbers"), kLineNumbers, &EditorOptions::setLineNumbersVisible);
+    addOption(tr("Wrap Lines"), kWrapLines, &EditorOptions::setWrapsLines);
 }
 
 void ViewCommands::addAppearances(QSettings& settings) {

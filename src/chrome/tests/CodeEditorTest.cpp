@@ -143,6 +143,15 @@ TEST_F(CodeEditorTest, MakesRoomForLineNumbers) {
     EXPECT_GT(m_editor.caretRect(0).left(), 60);
 }
 
+TEST_F(CodeEditorTest, WrapsLinesUnlessTheUserSaysOtherwise) {
+    setText(std::u16string(500, u'x'));
+    EXPECT_GT(m_editor.caretRect(400).top(), m_editor.caretRect(0).top());
+    EditorOptions::instance().setWrapsLines(false);
+    EXPECT_EQ(m_editor.caretRect(400).top(), m_editor.caretRect(0).top());
+    EXPECT_FALSE(CodeEditor().wrapsLines()) << "nor does one that is made later";
+    EditorOptions::instance().setWrapsLines(true);
+}
+
 TEST_F(CodeEditorTest, IndentsAndOutdentsWithTab) {
     focus();
     setText(u"{\n}");

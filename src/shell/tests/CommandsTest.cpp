@@ -69,6 +69,7 @@ protected:
     void TearDown() override {
         Theme::instance().setAppearance(Appearance::light);
         EditorOptions::instance().setLineNumbersVisible(true);
+        EditorOptions::instance().setWrapsLines(true);
     }
 
     NoteView& note() { return static_cast<NoteView&>(window.toolView()); }
@@ -212,14 +213,20 @@ TEST_F(CommandsTest, PassesFindAndZoomToTheShownTool) {
                                        ToolCommand::zoomIn, ToolCommand::zoomOut, ToolCommand::resetZoom}));
 }
 
-TEST_F(CommandsTest, SwitchesLineNumbersOffForGood) {
+TEST_F(CommandsTest, SwitchesLineNumbersAndWrappingOffForGood) {
+    auto& options = EditorOptions::instance();
     choose(view, u"Line Numbers"_s);
-    EXPECT_FALSE(EditorOptions::instance().showsLineNumbers());
+    EXPECT_FALSE(options.showsLineNumbers());
+    EXPECT_TRUE(options.wrapsLines());
+    choose(view, u"Wrap Lines"_s);
+    EXPECT_FALSE(options.wrapsLines());
+
+    options.setLineNumbersVisible(true);
     const ViewCommands later(window, settings);
-    EXPECT_FALSE(EditorOptions::instance().showsLineNumbers());
-    EXPECT_FALSE(action(later, u"Line Numbers"_s).isChecked());
-    choose(view, u"Line Numbers"_s);
-    EXPECT_TRUE(EditorOptions::instance().showsLineNumbers());
+    EXPECT_FALSE(options.showsLineNumbers()) << "as it was left";
+    EXPECT_FALSE(action(later, u"Wrap Lines"_s).isChecked());
+    choose(view, u"Wrap Lines"_s);
+    EXPECT_TRUE(options.wrapsLines());
 }
 
 TEST_F(CommandsTest, SwitchesTheAppearanceAtOnceAndKeepsIt) {
