@@ -4,10 +4,10 @@
 
 #include "codec/CodecToolViewModel.h"
 #include "csv/CSVToolViewModel.h"
-#include "json/JSONToolViewModel.h"
 #include "jwt/JWTToolViewModel.h"
 #include "mermaid/MermaidToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
+#include "json/JSONToolViewModel.h"
 
 #include <QObject>
 #include <QString>
