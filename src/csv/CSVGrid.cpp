@@ -153,11 +153,12 @@ void CSVGrid::restoreWidths(int first, int last) {
 // Columns are fitted when they come into view, for there may be a hundred thousand of them.
 void CSVGrid::fitVisibleColumns() {
     const auto& header = *horizontalHeader();
-    constexpr int kFittedAhead = 100; // so that tables of usual width are laid out once
-    const auto right = header.visualIndexAt(viewport()->width() - 1);
+    constexpr int kFittedAtOnce = 100; // so that tables of usual width are laid out once
+    const auto areFew = header.count() <= kFittedAtOnce;
+    const auto right = areFew ? -1 : header.visualIndexAt(viewport()->width() - 1);
     const auto last = right < 0 ? header.count() - 1 : std::min(right + 1, header.count() - 1);
-    const auto first = std::max(header.visualIndexAt(0), 0);
-    for (int visual = first; visual <= std::max(last, std::min(kFittedAhead, header.count()) - 1); ++visual) {
+    const auto first = areFew ? 0 : std::max(header.visualIndexAt(0), 0);
+    for (int visual = first; visual <= last; ++visual) {
         const auto section = header.logicalIndex(visual);
         if (!m_widths.contains(m_table.columnID(section))) {
             fitColumn(section);

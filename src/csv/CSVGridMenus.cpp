@@ -5,6 +5,7 @@
 #include <QMenu>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnquill {
 
@@ -19,7 +20,7 @@ namespace {
 template <typename Action>
 QAction* add(QMenu& menu, const QString& title, Action action) {
     auto* const item = menu.addAction(title);
-    QObject::connect(item, &QAction::triggered, &menu, action);
+    QObject::connect(item, &QAction::triggered, &menu, std::move(action));
     return item;
 }
 

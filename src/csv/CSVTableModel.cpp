@@ -53,7 +53,9 @@ CSVTableModel::CSVTableModel(CSVToolViewModel& tool, QObject* parent)
 
 void CSVTableModel::takeAll() {
     m_document = m_tool.document();
-    m_columns = m_tool.visibleColumns();
+    const auto& columns = m_tool.visibleColumns();
+    m_columns.assign(columns.begin(),
+                     columns.begin() + std::min<std::ptrdiff_t>(std::ssize(columns), kMostColumns));
     m_rows = m_tool.visibleRows();
     m_rowCount = shownRows();
 }
@@ -73,7 +75,7 @@ int CSVTableModel::rowCount(const QModelIndex& parent) const {
 }
 
 int CSVTableModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(std::min<std::size_t>(m_columns.size(), kMostColumns));
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
 }
 
 QVariant CSVTableModel::data(const QModelIndex& index, int role) const {

@@ -11,9 +11,10 @@ class CSVTableModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    // The most that a grid can count in pixels; a table of more rows or columns ends there.
+    // What a grid can count in pixels, and columns that it can lay out while the user looks; a table of more
+    // rows or columns ends there.
     static constexpr int kMostRows = 50'000'000;
-    static constexpr int kMostColumns = 10'000'000;
+    static constexpr int kMostColumns = 100'000;
 
     // The tool's model outlives this one.
     explicit CSVTableModel(CSVToolViewModel& tool, QObject* parent = nullptr);

@@ -247,13 +247,13 @@ TEST_F(CSVGridTest, ShowsTheWholeOfACellThatIsCutShortBelowIt) {
 
 TEST_F(CSVGridTest, TakesAHundredThousandColumns) {
     QString names;
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < 99'999; ++i) {
         names += u"column %1,"_s.arg(i);
     }
     setText(names + u"last\n"_s + QString(100'000, u','));
-    EXPECT_EQ(m_grid.model()->columnCount(), 100'001);
-    m_grid.scrollTo(m_grid.model()->index(0, 100'000));
-    EXPECT_TRUE(waitUntil([&] { return m_grid.columnWidth(99'999) > 80; })) << "fitted when it is seen";
+    EXPECT_EQ(m_grid.model()->columnCount(), 100'000);
+    m_grid.scrollTo(m_grid.model()->index(0, 99'999));
+    EXPECT_TRUE(waitUntil([&] { return m_grid.columnWidth(99'998) > 80; })) << "fitted when it is seen";
     m_tool.setHidden(50'000, true);
     EXPECT_EQ(m_grid.model()->headerData(50'000, Qt::Horizontal), u"column 50001"_s);
 }
