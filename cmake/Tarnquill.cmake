@@ -108,7 +108,7 @@ function(tarnquill_test target)
   add_test(NAME ${target} COMMAND ${target})
   set_tests_properties(
     ${target}
-    PROPERTIES TIMEOUT 300
+    PROPERTIES TIMEOUT 900
                WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
                ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()
