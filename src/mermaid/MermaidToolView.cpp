@@ -104,7 +104,7 @@ MermaidToolView::MermaidToolView(MermaidToolViewModel& model, QWidget* parent)
     showSource();
     showTheme();
     showStatus();
-    toolbar().setFilePath(m_model.filePath());
+    showFile();
     m_preview->setSource(m_model.source());
 }
 
@@ -192,6 +192,11 @@ void MermaidToolView::makeSourcePane() {
     m_editor->setPasteFilter(pasted);
     connect(m_editor, &CodeEditor::textEdited, this, [this] { m_model.setText(m_editor->buffer()); });
 
+    m_reload = new PaneButton(u"Reload"_s, u"rotate-ccw"_s);
+    m_reload->setIconOnly(true);
+    m_reload->setToolTip(u"Read the file again; undo brings the present text back"_s);
+    connect(m_reload, &PaneButton::clicked, &m_model, &MermaidToolViewModel::reload);
+
     m_copy = new PaneButton(u"Copy"_s, u"doc.on.doc"_s);
     m_copy->reserveCopied();
     m_copy->setToolTip(u"Copy the source"_s);
@@ -199,6 +204,7 @@ void MermaidToolView::makeSourcePane() {
     m_clear = new PaneButton(u"Clear"_s, u"trash"_s);
     m_clear->setToolTip(u"Empty the source"_s);
     connect(m_clear, &PaneButton::clicked, &m_model, &MermaidToolViewModel::clear);
+    m_sourcePane->header().addButton(m_reload);
     m_sourcePane->header().addButton(m_copy);
     m_sourcePane->header().addButton(m_clear);
     m_sourcePane->follow(m_model.openingTask(), u"Opening…"_s);
@@ -247,8 +253,7 @@ void MermaidToolView::connectModel() {
         m_editor->reveal(range);
         m_editor->setFocus();
     });
-    connect(&m_model, &MermaidToolViewModel::fileChanged, this,
-            [this] { toolbar().setFilePath(m_model.filePath()); });
+    connect(&m_model, &MermaidToolViewModel::fileChanged, this, &MermaidToolView::showFile);
     connect(&m_model, &MermaidToolViewModel::fileFailed, this, [this](const QString& sentence) {
         Alert::say(window(), u"The file could not be opened"_s, sentence);
     });
@@ -262,6 +267,11 @@ void MermaidToolView::showSource() {
     const bool hasText = !m_model.text().isEmpty();
     m_copy->setEnabled(hasText);
     m_clear->setEnabled(hasText);
+}
+
+void MermaidToolView::showFile() {
+    toolbar().setFilePath(m_model.filePath());
+    m_reload->setVisible(!m_model.filePath().isEmpty());
 }
 
 void MermaidToolView::showStatus() {
@@ -360,6 +370,7 @@ void MermaidToolView::copyAs(Format format) {
 
 void MermaidToolView::exportAs(Format format) {
     fetch(format, [this, format](const QByteArray& bytes) {
+        window()->raise();
         window()->activateWindow();
         const auto name = MermaidExport::proposedName(format, m_model.filePath());
         const auto path = QFileDialog::getSaveFileName(

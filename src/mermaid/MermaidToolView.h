@@ -41,6 +41,7 @@ private:
     void connectModel();
 
     void showSource();
+    void showFile();
     void showStatus();
     void showTheme();
     void chooseFile();
@@ -62,6 +63,7 @@ private:
     MermaidPreviewView* m_preview;
     ToolPane* m_sourcePane;
     ToolPane* m_previewPane;
+    PaneButton* m_reload;
     PaneButton* m_copy;
     PaneButton* m_clear;
     ZoomControl* m_zoom;

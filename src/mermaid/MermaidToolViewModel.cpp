@@ -90,11 +90,19 @@ void MermaidToolViewModel::open(const QString& path) {
                 Q_EMIT fileFailed(QString::fromStdString(text.error()));
                 return;
             }
-            m_filePath = path;
+            const bool isOther = std::exchange(m_filePath, path) != path;
             replaceText(*text);
-            m_viewport.requestAutoFit();
+            if (isOther) {
+                m_viewport.requestAutoFit();
+            }
             Q_EMIT fileChanged();
         });
+}
+
+void MermaidToolViewModel::reload() {
+    if (!m_filePath.isEmpty()) {
+        open(m_filePath);
+    }
 }
 
 void MermaidToolViewModel::save(const QString& path, const QByteArray& bytes) {

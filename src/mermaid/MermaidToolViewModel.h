@@ -54,6 +54,8 @@ public:
     // Reads the file in the background and takes its text, or of a Markdown file its first diagram; on
     // failure tells why and keeps the present text.
     void open(const QString& path);
+    // Reads the open file again. Nothing else changes.
+    void reload();
     // Writes the file in the background; on failure tells why.
     void save(const QString& path, const QByteArray& bytes);
 

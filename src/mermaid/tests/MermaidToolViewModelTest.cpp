@@ -80,6 +80,10 @@ TEST_F(MermaidToolViewModelTest, OpensDiagramsAndTheFirstOneOfADocument) {
     model.open(folder.filePath(u"a.md"_s));
     ASSERT_TRUE(waitUntil([&] { return replaced.count() == 2; }));
     EXPECT_EQ(model.text().text(), u"graph LR");
+    write(folder.filePath(u"a.md"_s), "```mermaid\ngraph TD\n```\n");
+    model.reload();
+    ASSERT_TRUE(waitUntil([&] { return replaced.count() == 3; }));
+    EXPECT_EQ(model.text().text(), u"graph TD");
 }
 
 TEST_F(MermaidToolViewModelTest, KeepsTheTextWhenAFileCannotBeRead) {
