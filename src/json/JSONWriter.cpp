@@ -174,7 +174,7 @@ char* JSONWriter::writeEscaped(char* next, std::string_view text) {
         *next++ = '\\';
         *next++ = escape;
         if (escape == 'u') {
-            const auto code = static_cast<std::size_t>(*special);
+            const auto code = static_cast<std::size_t>(static_cast<unsigned char>(*special));
             next = putShort(next, "00");
             *next++ = kHexDigits[code / 16];
             *next++ = kHexDigits[code % 16];

@@ -148,7 +148,7 @@ void DateTimePicker::stepField(const QObject* field, int step) {
         m_days->moveByMonths(12 * step);
         return;
     }
-    const auto seconds = field == m_hour ? 3'600 : field == m_minute ? 60 : 1;
+    const std::int64_t seconds = field == m_hour ? 3'600 : field == m_minute ? 60 : 1;
     pick(civilFromSeconds(secondsFromCivil(m_time) + step * seconds));
 }
 
