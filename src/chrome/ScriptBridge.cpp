@@ -35,13 +35,15 @@ constexpr auto kChannelScript = R"(
 (() => {
     let send = null;
     const waiting = [];
-    window.addEventListener('tarnquill-message', ({ detail }) => {
+    const pass = message => {
         if (send) {
-            send(detail);
+            send(message);
         } else {
-            waiting.push(detail);
+            waiting.push(message);
         }
-    });
+    };
+    window.addEventListener('tarnquill-message', ({ detail }) => pass(detail));
+    window.tarnquillPost = (handler, body) => pass(JSON.stringify([handler, body]));
     new QWebChannel(qt.webChannelTransport, ({ objects }) => {
         send = message => objects.bridge.receive(message);
         waiting.splice(0).forEach(send);

@@ -351,6 +351,10 @@ double TextView::lineAt(double height) const {
     return m_rows.lineAt(height);
 }
 
+double TextView::heightOf(double line) const {
+    return m_rows.heightOf(line);
+}
+
 void TextView::scrollToLine(double line, double height) {
     const auto before = m_rows.offset();
     m_rows.scrollToLine(line, height);

@@ -77,9 +77,11 @@ public:
     [[nodiscard]] int zoom() const { return m_zoom; }
     void setZoom(int steps);
 
-    // The line at a height of the viewport, with a fraction: 2.5 is the middle of the third line. And back:
-    // scrolls so that the line is at that height, as far as the ends of the text allow.
+    // The line at a height of the viewport, with a fraction: 2.5 is the middle of the third line. And back,
+    // also for what is out of sight; or scrolls so that the line is at that height, as far as the ends of the
+    // text allow.
     [[nodiscard]] double lineAt(double height) const;
+    [[nodiscard]] double heightOf(double line) const;
     void scrollToLine(double line, double height);
 
     // Whether all rows are counted. Until then the scroll bar stands where it will be, more or less.

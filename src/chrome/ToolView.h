@@ -2,6 +2,7 @@
 // it answers.
 #pragma once
 
+#include <QUrl>
 #include <QWidget>
 
 namespace tarnquill {
@@ -45,6 +46,8 @@ public:
 Q_SIGNALS:
     // The tool's toolbar asks the window to hide or show the sidebar.
     void sidebarToggleRequested();
+    // Files were dropped on a part of the tool that hears of drags itself. The window opens them.
+    void filesDropped(const QList<QUrl>& urls);
 
 protected:
     // What fills the view below the toolbar. Call once; the view takes it over.

@@ -24,8 +24,8 @@ using namespace Qt::StringLiterals;
 constexpr int kMostDeaths = 3;
 constexpr qint64 kDeathsCounted = 30'000; // ms
 
-// %1 whether it is dark, %2 the style of scroll bars. Links within the page are for nobody: it has no places
-// to go to, and a new fragment would change its address.
+// %1 whether it is dark, %2 the style of what the browser draws. Links within the page are for nobody: it has
+// no places to go to, and a new fragment would change its address.
 constexpr auto kThemeScript = R"(
 (() => {
     const isDarkRule = rule =>
@@ -39,11 +39,10 @@ constexpr auto kThemeScript = R"(
     };
     window.darkRules ??= [...document.styleSheets].flatMap(rulesOf).filter(isDarkRule);
     for (const rule of window.darkRules) {
-        rule.media.mediaText = %1 ? 'all' : 'not all';
+        rule.media.mediaText = %1 ? 'screen' : 'not all'; // paper is always white
     }
-    document.documentElement.style.colorScheme = %1 ? 'dark' : 'light';
-    if (!window.scrollBarStyle) {
-        window.scrollBarStyle = document.head.appendChild(document.createElement('style'));
+    if (!window.themeStyle) {
+        window.themeStyle = document.head.appendChild(document.createElement('style'));
         document.addEventListener('click', event => {
             const link = event.target.closest?.('a[href]');
             if (link?.getAttribute('href').startsWith('#')) {
@@ -51,28 +50,40 @@ constexpr auto kThemeScript = R"(
             }
         });
     }
-    window.scrollBarStyle.textContent = `%2`;
+    window.themeStyle.textContent = `%2`;
 })();
 )";
 
-constexpr auto kScrollBarStyle = R"(
+constexpr auto kThemeStyle = R"(
+@media screen { :root { color-scheme: %1; overflow-y: overlay; } }
 ::-webkit-scrollbar { width: 12px; height: 12px; }
 ::-webkit-scrollbar-corner { background: transparent; }
 ::-webkit-scrollbar-thumb {
     min-height: 32px;
     border: 2px solid transparent;
     border-radius: 6px;
-    background: %1 padding-box;
+    background: %2 padding-box;
 }
-::-webkit-scrollbar-thumb:hover { background: %2 padding-box; }
+::-webkit-scrollbar-thumb:hover { background: %3 padding-box; }
 )";
 
 const auto kThemeScriptName = u"theme"_s;
 
 QString themeScript() {
-    const auto style = QString::fromLatin1(kScrollBarStyle)
-                           .arg(themeColor(ColorRole::scroll).name(), themeColor(ColorRole::muted).name());
-    return QString::fromLatin1(kThemeScript).arg(Theme::instance().isDark() ? u"true"_s : u"false"_s, style);
+    const bool isDark = Theme::instance().isDark();
+    const auto style = QString::fromLatin1(kThemeStyle)
+                           .arg(isDark ? u"dark"_s : u"light"_s, themeColor(ColorRole::scroll).name(),
+                                themeColor(ColorRole::muted).name());
+    return QString::fromLatin1(kThemeScript).arg(isDark ? u"true"_s : u"false"_s, style);
+}
+
+QWebEngineScript scriptForDocument(const QString& name, const QString& source) {
+    QWebEngineScript script;
+    script.setName(name);
+    script.setSourceCode(source);
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    return script;
 }
 
 void configure(QWebEngineSettings& settings) {
@@ -137,6 +148,7 @@ WebPageView::WebPageView(Setup setup, QWidget* parent)
       m_bridge(std::make_unique<ScriptBridge>(*m_page, m_setup.messageHandlers)) {
     m_profile->setUrlRequestInterceptor(m_filter.get());
     configure(*m_profile->settings());
+    m_page->scripts().insert(scriptForDocument(u"page"_s, m_setup.script));
     setPage(m_page.get());
     connect(m_bridge.get(), &ScriptBridge::messageReceived, this, &WebPageView::messageReceived);
     connect(m_page.get(), &QWebEnginePage::loadFinished, this, &WebPageView::finishLoad);
@@ -235,12 +247,7 @@ void WebPageView::showTheme() {
     for (const auto& before : m_page->scripts().find(kThemeScriptName)) {
         m_page->scripts().remove(before);
     }
-    QWebEngineScript script;
-    script.setName(kThemeScriptName);
-    script.setSourceCode(themeScript());
-    script.setInjectionPoint(QWebEngineScript::DocumentReady);
-    script.setWorldId(QWebEngineScript::ApplicationWorld);
-    m_page->scripts().insert(script);
+    m_page->scripts().insert(scriptForDocument(kThemeScriptName, themeScript()));
     if (isLoaded()) {
         m_page->runJavaScript(themeScript(), QWebEngineScript::ApplicationWorld);
     }

@@ -39,6 +39,9 @@ public:
         // Whether the page may load the resource. Without an answer, or when it is no, the request never
         // leaves the program. The page itself needs no allowance.
         std::function<bool(const QUrl& url, Resource kind)> allowsRequest;
+        // Run when the document is there, beside the page's own scripts: it shares their document but none of
+        // their variables, and no policy of the page binds it. tarnquillPost(handler, body) sends messages.
+        QString script = {};
     };
 
     explicit WebPageView(Setup setup, QWidget* parent = nullptr);

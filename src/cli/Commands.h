@@ -30,6 +30,7 @@ void addCodecCommands(CLI::App& application, Result& result);
 void addCSVCommands(CLI::App& application, Result& result);
 void addJSONCommands(CLI::App& application, Result& result);
 void addJWTCommands(CLI::App& application, Result& result);
+void addMarkdownCommands(CLI::App& application, Result& result);
 void addMermaidCommands(CLI::App& application, Result& result);
 void addTimestampCommands(CLI::App& application, Result& result);
 

@@ -40,6 +40,7 @@ Result run(int argc, char** argv) {
     addCSVCommands(application, result);
     addJSONCommands(application, result);
     addJWTCommands(application, result);
+    addMarkdownCommands(application, result);
     addMermaidCommands(application, result);
     addTimestampCommands(application, result);
     try {

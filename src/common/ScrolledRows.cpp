@@ -153,6 +153,14 @@ double ScrolledRows::lineAt(double height) {
     return static_cast<double>(line) + std::clamp(into / static_cast<double>(rows.count), 0.0, 1.0);
 }
 
+double ScrolledRows::heightOf(double line) {
+    const auto whole = std::clamp(std::floor(line), 0.0, static_cast<double>(m_text.lineCount() - 1));
+    const auto rows = rowsOfLine(static_cast<std::size_t>(whole));
+    const auto before = static_cast<double>(rows.first) +
+                        std::clamp(line - whole, 0.0, 1.0) * static_cast<double>(rows.count);
+    return kInset + before * m_rowHeight - static_cast<double>(offset());
+}
+
 void ScrolledRows::scrollToLine(double line, double height) {
     const auto last = static_cast<double>(m_text.lineCount() - 1);
     const auto whole = std::clamp(std::floor(line), 0.0, last);

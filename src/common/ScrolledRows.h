@@ -49,6 +49,7 @@ public:
 
     // Lines as numbers with a fraction: 2.5 is the middle of the third line, however many rows it has.
     [[nodiscard]] double lineAt(double height);
+    [[nodiscard]] double heightOf(double line);
     void scrollToLine(double line, double height);
 
     // Counts rows for about as long as told. Returns whether all are counted.

@@ -2,15 +2,13 @@
 // is told about them. The text need not be JSON.
 #pragma once
 
+#include "common/SearchMatches.h"
 #include "common/TextRange.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <stop_token>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -42,19 +40,10 @@ struct Token {
 [[nodiscard]] std::vector<TextRange> matches(std::u16string_view query, std::u16string_view text, Scope scope,
                                              const std::stop_token& stop = {});
 
-enum class Direction : std::uint8_t { forward, backward };
-
-// The match after or before the selection, or the one at the other end of the text when there is none. The
-// functions below take matches as matches() gives them.
-[[nodiscard]] std::optional<TextRange> nextMatch(TextRange selection, std::span<const TextRange> matches,
-                                                 Direction direction);
-
-// The place of the range among the matches, if it is one of them.
-[[nodiscard]] std::optional<std::size_t> index(TextRange range, std::span<const TextRange> matches);
-
-// "3 of 1,204 matches" when a match is selected, else "1,204 matches". The numbers are written as the locale
-// does, an ICU name; an empty one is the user's.
-[[nodiscard]] std::string statusText(std::span<const TextRange> matches, TextRange selection,
-                                     const std::string& locale = {});
+// How the user walks through the matches.
+using SearchMatches::Direction;
+using SearchMatches::index;
+using SearchMatches::nextMatch;
+using SearchMatches::statusText;
 
 } // namespace tarnquill::JSONSearch

@@ -3,7 +3,9 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
+#include <array>
 #include <cstdint>
+#include <utility>
 
 namespace tarnquill::Markdown {
 
@@ -99,6 +101,23 @@ void appendEscaped(std::string& output, std::string_view text, Quotes quotes) {
         }
     }
     output.append(text, start);
+}
+
+void appendUnescaped(std::string& output, std::string_view html) {
+    constexpr std::array<std::pair<std::string_view, char>, 4> kEntities{
+        {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}}};
+    while (!html.empty()) {
+        std::size_t length = 1;
+        char character = html.front();
+        for (const auto& [entity, meant] : kEntities) {
+            if (html.starts_with(entity)) {
+                length = entity.size();
+                character = meant;
+            }
+        }
+        output += character;
+        html.remove_prefix(length);
+    }
 }
 
 } // namespace tarnquill::Markdown

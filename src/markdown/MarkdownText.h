@@ -31,4 +31,7 @@ enum class Quotes : bool { keep, escape };
 // Appends the text with & < > written as entities, and " too when asked.
 void appendEscaped(std::string& output, std::string_view text, Quotes quotes = Quotes::keep);
 
+// The reverse.
+void appendUnescaped(std::string& output, std::string_view html);
+
 } // namespace tarnquill::Markdown

@@ -47,6 +47,15 @@ void ScrollSyncController::layoutChanged(bool userScrollFollows) {
     }
 }
 
+void ScrollSyncController::panesResized(const std::function<double(double)>& lineAt) {
+    if (m_current) {
+        if (m_leader == Pane::editor) {
+            m_current->line = lineAt(m_current->windowY);
+        }
+        apply(Motion::jump);
+    }
+}
+
 void ScrollSyncController::documentOpened() {
     m_current.reset();
     m_handoverStart.reset();

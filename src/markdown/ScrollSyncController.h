@@ -45,6 +45,10 @@ public:
     // The preview has a new layout: it is levelled again, unless a scroll of the user's follows.
     void layoutChanged(bool userScrollFollows);
 
+    // The panes have other sizes, and the editor shows other lines than it did: `lineAt` tells which. The
+    // leader's line stays, and the other pane is levelled with it again.
+    void panesResized(const std::function<double(double)>& lineAt);
+
     // A new document sends both panes to their starts.
     void documentOpened();
 

@@ -97,6 +97,7 @@ void AppShellView::showSelectedTool() {
         page = tool != nullptr ? tool->makeView(m_host) : new PlaceholderView;
         connect(page, &ToolView::sidebarToggleRequested, this,
                 [this] { setSidebarShown(!isSidebarShown()); });
+        connect(page, &ToolView::filesDropped, this, &AppShellView::open);
         m_detail->addWidget(page);
         m_pages.insert(pageID, page);
     }

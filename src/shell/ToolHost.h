@@ -4,10 +4,11 @@
 
 #include "codec/CodecToolViewModel.h"
 #include "csv/CSVToolViewModel.h"
+#include "json/JSONToolViewModel.h"
 #include "jwt/JWTToolViewModel.h"
+#include "markdown/MarkdownToolViewModel.h"
 #include "mermaid/MermaidToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
-#include "json/JSONToolViewModel.h"
 
 #include <QObject>
 #include <QString>
@@ -38,6 +39,7 @@ public:
     // when no tool accepts it. A file that cannot be read is for the tool's model to report.
     std::optional<QString> open(const QUrl& url);
 
+    [[nodiscard]] MarkdownToolViewModel& markdown() { return m_markdown; }
     [[nodiscard]] JSONToolViewModel& json() { return m_json; }
     [[nodiscard]] CSVToolViewModel& csv() { return m_csv; }
     [[nodiscard]] MermaidToolViewModel& mermaid() { return m_mermaid; }
@@ -47,6 +49,7 @@ public:
 
 private:
     const ToolCatalogue& m_catalogue;
+    MarkdownToolViewModel m_markdown;
     JSONToolViewModel m_json;
     CSVToolViewModel m_csv;
     MermaidToolViewModel m_mermaid;

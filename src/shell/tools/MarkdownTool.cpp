@@ -1,6 +1,9 @@
 #include "shell/tools/MarkdownTool.h"
 
-#include "shell/PlaceholderView.h"
+#include "markdown/MarkdownToolView.h"
+#include "shell/ToolHost.h"
+
+#include <QUrl>
 
 namespace tarnquill {
 
@@ -10,8 +13,12 @@ MarkdownTool::MarkdownTool()
     : Tool(u"markdown"_s, u"Markdown"_s, u"doc.text"_s, ToolCategory::text,
            {u"md"_s, u"markdown"_s, u"mdown"_s, u"mkd"_s, u"mkdn"_s, u"txt"_s, u"text"_s}) {}
 
-ToolView* MarkdownTool::makeView(ToolHost& /*host*/) const {
-    return new PlaceholderView(*this);
+ToolView* MarkdownTool::makeView(ToolHost& host) const {
+    return new MarkdownToolView(host.markdown());
+}
+
+void MarkdownTool::open(const QUrl& url, ToolHost& host) const {
+    host.markdown().open(url.toLocalFile());
 }
 
 } // namespace tarnquill

@@ -9,6 +9,7 @@ class MarkdownTool : public Tool {
 public:
     MarkdownTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+    void open(const QUrl& url, ToolHost& host) const override;
 };
 
 } // namespace tarnquill

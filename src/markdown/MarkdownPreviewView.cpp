@@ -1,0 +1,172 @@
+#include "markdown/MarkdownPreviewView.h"
+
+#include "markdown/MarkdownFolderAccess.h"
+#include "markdown/MarkdownImageHandler.h"
+#include "markdown/MarkdownLinkPolicy.h"
+#include "markdown/MarkdownLocalImages.h"
+#include "markdown/MarkdownPreviewPage.h"
+
+#include <QDesktopServices>
+
+#include <algorithm>
+#include <array>
+
+namespace tarnquill {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using NavigationType = QWebEnginePage::NavigationType;
+
+const auto kSync = u"sync"_s;
+const auto kTask = u"task"_s;
+
+// Only images, and only these, are ever asked of anyone.
+bool allowsRequest(const QUrl& url, WebPageView::Resource kind) {
+    static const std::array kSchemes{u"http"_s, u"https"_s, u"data"_s,
+                                     QString::fromLatin1(MarkdownPreviewPage::kDocumentScheme)};
+    return kind == WebPageView::Resource::ResourceTypeImage &&
+           std::ranges::find(kSchemes, url.scheme()) != kSchemes.end();
+}
+
+// A box of a task is disabled and hears nothing: the click is its item's.
+constexpr auto kTaskScript = R"(
+document.addEventListener('click', ({ target, clientX, clientY }) => {
+    const item = target.closest('.task-list-item');
+    const box = item?.querySelector('input')?.getBoundingClientRect();
+    if (box && clientX >= box.left && clientX <= box.right && clientY >= box.top && clientY <= box.bottom) {
+        tarnquillPost('task', Number(item.dataset.line));
+    }
+});
+document.head.appendChild(document.createElement('style')).textContent =
+    '.task-list-item > input { pointer-events: none; }';
+)";
+
+constexpr auto kReloadImages = R"(
+for (const image of document.querySelectorAll('img[src]')) {
+    if (image.naturalWidth === 0) {
+        const source = image.getAttribute('src');
+        image.removeAttribute('src');
+        image.setAttribute('src', source);
+    }
+}
+)";
+
+MarkdownLinkPolicy::Cause causeOf(NavigationType type) {
+    using Cause = MarkdownLinkPolicy::Cause;
+    switch (type) {
+    case QWebEnginePage::NavigationTypeLinkClicked:
+        return Cause::link;
+    case QWebEnginePage::NavigationTypeFormSubmitted:
+        return Cause::form;
+    case QWebEnginePage::NavigationTypeBackForward:
+        return Cause::history;
+    case QWebEnginePage::NavigationTypeReload:
+        return Cause::reload;
+    default:
+        return Cause::other;
+    }
+}
+
+} // namespace
+
+MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent)
+    : WebPageView({.messageHandlers = {kSync, kTask},
+                   .allowsRequest = allowsRequest,
+                   .script = QString::fromLatin1(kTaskScript)},
+                  parent),
+      m_images(std::make_unique<MarkdownImageHandler>(access)) {
+    setSchemeHandler(MarkdownPreviewPage::kDocumentScheme, m_images.get());
+    connect(this, &WebPageView::messageReceived, this, &MarkdownPreviewView::receive);
+    connect(this, &WebPageView::loaded, this, [this] {
+        m_shown.reset();
+        m_awaitsLayout = false;
+        pushBody();
+    });
+    connect(this, &WebPageView::navigationRefused, this,
+            [this](const QUrl& url, NavigationType type, bool isMainFrame) {
+                if (MarkdownLinkPolicy::decide(url, causeOf(type), isMainFrame, address()) ==
+                    MarkdownLinkPolicy::Decision::openInBrowser) {
+                    QDesktopServices::openUrl(url);
+                }
+            });
+    connect(&access, &MarkdownFolderAccess::reloadImages, this,
+            [this] { run(QString::fromLatin1(kReloadImages)); });
+    loadHtml(MarkdownPreviewPage::html(), {});
+}
+
+MarkdownPreviewView::~MarkdownPreviewView() = default;
+
+void MarkdownPreviewView::setFolder(const QString& folder) {
+    const auto base = folder.isEmpty() ? QUrl() : MarkdownLocalImages::addressOf(folder);
+    if (base != (address() == QUrl(u"about:blank"_s) ? QUrl() : address())) {
+        m_map.reset();
+        m_shown.reset();
+        loadHtml(MarkdownPreviewPage::html(), base);
+    }
+}
+
+void MarkdownPreviewView::setBody(const Rendering& rendering) {
+    m_body = rendering;
+    pushBody();
+}
+
+void MarkdownPreviewView::pushBody() {
+    if (!isLoaded() || m_awaitsLayout || m_body == nullptr) {
+        return;
+    }
+    if (m_shown == nullptr || m_shown->html != m_body->html) {
+        run(u"updateBody("_s + m_body->literal + u"[0], "_s + QString::number(m_body->lineCount) + u")"_s);
+        m_awaitsLayout = true;
+    } else if (m_shown->lineCount != m_body->lineCount) {
+        run(u"setLineCount("_s + QString::number(m_body->lineCount) + u")"_s);
+        m_awaitsLayout = true;
+    }
+    m_shown = m_body;
+}
+
+double MarkdownPreviewView::scrollRange() const {
+    return std::max(m_documentHeight - m_viewportHeight, 0.0) * zoomFactor();
+}
+
+void MarkdownPreviewView::scrollTo(double offset, Motion motion) {
+    // The page's own report that follows agrees with it.
+    m_scrollY = offset / zoomFactor();
+    run(u"scrollToY("_s + QString::number(m_scrollY, 'f', 3) +
+        (motion == Motion::glide ? u", true)"_s : u", false)"_s));
+    Q_EMIT scrolled();
+}
+
+bool MarkdownPreviewView::isWorking() const {
+    return m_shown == nullptr || m_awaitsLayout || m_shown != m_body;
+}
+
+void MarkdownPreviewView::receive(const QString& handler, const QJsonValue& body) {
+    if (handler == kTask) {
+        Q_EMIT taskClicked(body.toInt());
+    } else if (const auto message = MarkdownPreviewMessage::decoded(body)) {
+        std::visit([this](const auto& kind) { take(kind); }, *message);
+    }
+}
+
+void MarkdownPreviewView::take(const MarkdownPreviewMessage::Layout& layout) {
+    m_map = layout.map;
+    m_documentHeight = layout.documentHeight;
+    m_viewportHeight = layout.viewportHeight;
+    m_scrollY = layout.scrollY;
+    m_awaitsLayout = false;
+    Q_EMIT layoutChanged(layout.userScroll);
+    Q_EMIT scrolled();
+    pushBody();
+}
+
+void MarkdownPreviewView::take(const MarkdownPreviewMessage::Scroll& scroll) {
+    const auto distance = scroll.y - m_scrollY;
+    m_scrollY = scroll.y;
+    if (scroll.user) {
+        Q_EMIT userScrolled(distance * zoomFactor());
+    }
+    Q_EMIT scrolled();
+}
+
+} // namespace tarnquill

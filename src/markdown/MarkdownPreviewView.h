@@ -1,0 +1,68 @@
+// The preview: shows the rendered document in its page, reports where the lines are, and scrolls as it is
+// told. Heights and offsets are pixels of the view.
+#pragma once
+
+#include "chrome/WebPageView.h"
+#include "markdown/MarkdownLineMap.h"
+#include "markdown/MarkdownPreviewMessage.h"
+#include "markdown/MarkdownToolViewModel.h"
+
+namespace tarnquill {
+
+class MarkdownFolderAccess;
+class MarkdownImageHandler;
+
+class MarkdownPreviewView : public WebPageView {
+    Q_OBJECT
+
+public:
+    using Rendering = std::shared_ptr<const MarkdownToolViewModel::Rendering>;
+
+    // The access outlives the view.
+    explicit MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent = nullptr);
+    ~MarkdownPreviewView() override;
+
+    // Shows the document, or the newest of several: the page gets the next one when it has laid out the last.
+    void setBody(const Rendering& rendering);
+    // The folder that relative addresses of images start at; may be empty.
+    void setFolder(const QString& folder);
+
+    // Of the last layout; nothing before the first one.
+    [[nodiscard]] const std::optional<MarkdownLineMap>& map() const { return m_map; }
+    [[nodiscard]] double scrollY() const { return m_scrollY * zoomFactor(); }
+    [[nodiscard]] double viewportHeight() const { return m_viewportHeight * zoomFactor(); }
+    [[nodiscard]] double scrollRange() const;
+    // Between a source line, counted from 1, and a height of the whole page.
+    [[nodiscard]] double heightOf(double line) const { return m_map->y(line) * zoomFactor(); }
+    [[nodiscard]] double lineAt(double height) const { return m_map->line(height / zoomFactor()); }
+
+    enum class Motion : bool { jump, glide };
+    void scrollTo(double offset, Motion motion);
+
+    // Whether what the page shows is not yet what it was given.
+    [[nodiscard]] bool isWorking() const;
+
+Q_SIGNALS:
+    // The lines are elsewhere. A scroll of the user's that was measured with them may follow.
+    void layoutChanged(bool userScrollFollows);
+    void userScrolled(double distance);
+    void scrolled(); // by whatever it was
+    void taskClicked(int line);
+
+private:
+    void pushBody();
+    void receive(const QString& handler, const QJsonValue& body);
+    void take(const MarkdownPreviewMessage::Layout& layout);
+    void take(const MarkdownPreviewMessage::Scroll& scroll);
+
+    std::unique_ptr<MarkdownImageHandler> m_images;
+    Rendering m_body;
+    Rendering m_shown; // what the page has; null while it has nothing
+    bool m_awaitsLayout = false;
+    std::optional<MarkdownLineMap> m_map;
+    double m_scrollY = 0;
+    double m_viewportHeight = 0;
+    double m_documentHeight = 0;
+};
+
+} // namespace tarnquill
