@@ -19,6 +19,11 @@ namespace {
 // The web view marks its matches without telling where they are. This selects the one of that number, found
 // by the same rules: case and accents do not matter, and no match runs from one block into the next.
 constexpr auto kSelectMatch = R"(
+// The view scrolls to its match a little later; in a page that is not seen there are no frames.
+await Promise.race([
+    new Promise(done => requestAnimationFrame(() => requestAnimationFrame(() => requestAnimationFrame(done)))),
+    new Promise(done => setTimeout(done, 100))
+]);
 const fold = text => text.replace(/[^\0-\x7f]/g, unit => unit.normalize('NFD')[0]).toLowerCase();
 const plain = text => fold(text.replace(/\s/g, ' '));
 const walker = document.createTreeWalker(content, NodeFilter.SHOW_TEXT);

@@ -138,7 +138,7 @@ void MarkdownPreviewView::scrollTo(double offset, Motion motion) {
 }
 
 bool MarkdownPreviewView::isWorking() const {
-    return m_shown == nullptr || m_awaitsLayout || m_shown != m_body;
+    return !isLoaded() || m_shown == nullptr || m_awaitsLayout || m_shown != m_body;
 }
 
 void MarkdownPreviewView::receive(const QString& handler, const QJsonValue& body) {

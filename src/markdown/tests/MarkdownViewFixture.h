@@ -31,14 +31,14 @@ protected:
     bool settle() {
         int quiet = 0;
         QString last;
-        return waitUntil([&] {
+        for (int turn = 0; turn < 500 && quiet < 5; ++turn) {
             letEventsPass(20);
             const auto now =
                 QStringLiteral("%1 %2").arg(preview().scrollY()).arg(editor().verticalScrollBar()->value());
             quiet = view.isWorking() || now != last ? 0 : quiet + 1;
             last = now;
-            return quiet >= 5;
-        });
+        }
+        return quiet == 5;
     }
 
     bool setText(const std::u16string& text) {

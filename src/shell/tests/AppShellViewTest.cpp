@@ -2,6 +2,7 @@
 
 #include "chrome/CodeEditor.h"
 #include "common/testing/WaitUntil.h"
+#include "shell/SidebarView.h"
 #include "shell/tests/ShellWindowFixture.h"
 
 #include <QFile>
@@ -28,7 +29,7 @@ protected:
         QApplication::sendEvent(&window().toolView(), &event);
     }
 
-    QListWidget& sidebarList() { return *window().findChild<QListWidget*>(); }
+    QListWidget& sidebarList() { return *window().findChild<SidebarView*>()->findChild<QListWidget*>(); }
 
     bool dragWasAccepted = false;
 };

@@ -6,6 +6,7 @@
 #include "shell/AppShellView.h"
 #include "shell/EditCommands.h"
 #include "shell/FileCommands.h"
+#include "shell/SidebarView.h"
 #include "shell/ViewCommands.h"
 #include "shell/tests/FakeTool.h"
 
@@ -127,7 +128,7 @@ TEST_F(CommandsTest, AsksTheShownToolToOpenAFileOnALaterTurn) {
 }
 
 TEST_F(CommandsTest, SelectsToolsByTheirNumberInTheSidebar) {
-    auto& list = *window.findChild<QListWidget*>();
+    auto& list = *window.findChild<SidebarView*>()->findChild<QListWidget*>();
     list.setFocus();
     const QStringList displayed{u"note"_s, u"clock"_s, u"key"_s};
     for (const int number : {2, 3, 1}) {
