@@ -72,6 +72,7 @@ std::optional<Message> layoutOf(const QJsonObject& body) {
         }
     }
     return Layout{.map = MarkdownLineMap(blocks, *lineCount, *height),
+                  .lineCount = *lineCount,
                   .documentHeight = *height,
                   .viewportHeight = *viewport,
                   .scrollY = *scrollY,

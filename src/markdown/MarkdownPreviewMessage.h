@@ -13,6 +13,7 @@ namespace tarnquill::MarkdownPreviewMessage {
 // Heights and offsets are CSS pixels.
 struct Layout {
     MarkdownLineMap map;
+    int lineCount = 1; // of the source that was laid out
     double documentHeight = 0;
     double viewportHeight = 0;
     double scrollY = 0;

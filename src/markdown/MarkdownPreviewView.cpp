@@ -154,7 +154,10 @@ void MarkdownPreviewView::take(const MarkdownPreviewMessage::Layout& layout) {
     m_documentHeight = layout.documentHeight;
     m_viewportHeight = layout.viewportHeight;
     m_scrollY = layout.scrollY;
-    m_awaitsLayout = false;
+    // An earlier document's layout may still have been on its way.
+    if (m_shown != nullptr && layout.lineCount == m_shown->lineCount) {
+        m_awaitsLayout = false;
+    }
     Q_EMIT layoutChanged(layout.userScroll);
     Q_EMIT scrolled();
     pushBody();

@@ -1,6 +1,7 @@
 #include "markdown/MarkdownScrollSync.h"
 
 #include "chrome/CodeEditor.h"
+#include "chrome/Theme.h"
 #include "markdown/MarkdownPreviewView.h"
 
 #include <QEvent>
@@ -132,8 +133,9 @@ void MarkdownScrollSync::applyToPreview(Level level, Motion motion) {
     }
     const auto target = std::clamp(offsetFor(Pane::preview, level), 0.0, m_preview.scrollRange());
     const bool isFar = std::abs(target - m_preview.scrollY()) > m_preview.viewportHeight() / 3;
-    m_preview.scrollTo(target, motion == Motion::glide && isFar ? MarkdownPreviewView::Motion::glide
-                                                                : MarkdownPreviewView::Motion::jump);
+    const bool glides = motion == Motion::glide && isFar && Theme::instance().duration(1) > 0;
+    m_preview.scrollTo(target,
+                       glides ? MarkdownPreviewView::Motion::glide : MarkdownPreviewView::Motion::jump);
 }
 
 void MarkdownScrollSync::applyToEditor(Level level) {

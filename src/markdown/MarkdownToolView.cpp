@@ -180,12 +180,11 @@ void MarkdownToolView::makePreviewPane() {
 }
 
 void MarkdownToolView::connectModel() {
-    connect(&m_model, &MarkdownToolViewModel::textReplaced, this,
-            [this] { m_editor->replaceAll(m_model.text()); });
-    connect(&m_model, &MarkdownToolViewModel::textChanged, this, [this] {
-        showDocument();
+    connect(&m_model, &MarkdownToolViewModel::textReplaced, this, [this] {
+        m_editor->replaceAll(m_model.text());
         m_sourceFind->search();
     });
+    connect(&m_model, &MarkdownToolViewModel::textChanged, this, &MarkdownToolView::showDocument);
     connect(&m_model, &MarkdownToolViewModel::rendered, this, &MarkdownToolView::showRendering);
     connect(&m_model, &MarkdownToolViewModel::fileChanged, this,
             [this] { toolbar().setFilePath(m_model.filePath()); });
@@ -209,7 +208,10 @@ void MarkdownToolView::connectModel() {
 }
 
 void MarkdownToolView::connectPanes() {
-    connect(m_editor, &CodeEditor::textEdited, this, [this] { m_model.setText(m_editor->buffer()); });
+    connect(m_editor, &CodeEditor::textEdited, this, [this] {
+        m_model.setText(m_editor->buffer());
+        m_sourceFind->search();
+    });
     connect(m_preview, &MarkdownPreviewView::taskClicked, this, &MarkdownToolView::toggleTask);
     connect(m_preview, &MarkdownPreviewView::scrolled, this, &MarkdownToolView::showPosition);
     connect(m_preview, &MarkdownPreviewView::died, this, [this](bool isReloading) {
