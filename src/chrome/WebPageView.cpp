@@ -135,10 +135,6 @@ protected:
         return false;
     }
 
-    // What documents make the engine complain of is no news for whoever started the program.
-    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level*/, const QString& /*message*/,
-                                  int /*line*/, const QString& /*source*/) override {}
-
 private:
     WebPageView& m_view;
 };
