@@ -4,11 +4,11 @@
 
 #include "codec/CodecToolViewModel.h"
 #include "csv/CSVToolViewModel.h"
-#include "json/JSONToolViewModel.h"
 #include "jwt/JWTToolViewModel.h"
 #include "markdown/MarkdownToolViewModel.h"
 #include "mermaid/MermaidToolViewModel.h"
 #include "timestamp/TimestampToolViewModel.h"
+#include "json/JSONToolViewModel.h"
 
 #include <QObject>
 #include <QString>
