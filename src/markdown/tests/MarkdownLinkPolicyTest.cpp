@@ -4,6 +4,8 @@
 
 namespace tarnquill {
 
+using namespace Qt::StringLiterals;
+
 TEST(MarkdownLinkPolicy, OpensWebLinksInTheBrowserAndAllowsNothingButThePageItself) {
     using MarkdownLinkPolicy::Cause;
     using MarkdownLinkPolicy::Decision;
