@@ -24,13 +24,13 @@ void registerDocumentScheme() {
 }
 Q_CONSTRUCTOR_FUNCTION(registerDocumentScheme)
 
-void answer(QWebEngineUrlRequestJob& job, std::optional<MarkdownLocalImages::Image> image) {
+void answer(QWebEngineUrlRequestJob& job, const std::optional<MarkdownLocalImages::Image>& image) {
     if (!image) {
         job.fail(QWebEngineUrlRequestJob::UrlNotFound);
         return;
     }
     auto* const device = new QBuffer(&job);
-    device->setData(std::move(image->bytes));
+    device->setData(image->bytes);
     device->open(QIODevice::ReadOnly);
     job.reply(image->mimeType, device);
 }
@@ -52,9 +52,9 @@ void MarkdownImageHandler::requestStarted(QWebEngineUrlRequestJob* job) {
         auto image = MarkdownLocalImages::readImage(file);
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
-            [handler, job, image = std::move(image)]() mutable {
+            [handler, job, image = std::move(image)] {
                 if (handler && job) {
-                    answer(*job, std::move(image));
+                    answer(*job, image);
                 }
             },
             Qt::QueuedConnection);
