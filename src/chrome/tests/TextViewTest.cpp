@@ -33,7 +33,7 @@ protected:
     }
 
     // The text with the selection in it: "<" is the anchor, "|" the caret.
-    QString marked() const {
+    [[nodiscard]] QString marked() const {
         auto text = QString::fromStdU16String(m_view->buffer().text());
         const auto selection = m_view->textSelection();
         const auto caret = static_cast<qsizetype>(selection.caret);
