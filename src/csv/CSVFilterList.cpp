@@ -147,7 +147,7 @@ CSVFilterList::CSVFilterList(CSVToolViewModel& tool, QWidget* parent)
     setItemDelegate(new Delegate(tool, this));
 }
 
-void CSVFilterList::edit(std::size_t column) {
+void CSVFilterList::editColumn(std::size_t column) {
     if (auto* const open = indexWidget(currentIndex()); open != nullptr && state() == EditingState) {
         QListView::closeEditor(open, QAbstractItemDelegate::NoHint);
     }
@@ -165,8 +165,8 @@ QSize CSVFilterList::sizeHint() const {
 void CSVFilterList::focusInEvent(QFocusEvent* event) {
     QListView::focusInEvent(event);
     if (event->reason() != Qt::OtherFocusReason && m_model->rowCount() > 0) {
-        edit(static_cast<std::size_t>(event->reason() == Qt::BacktabFocusReason ? m_model->rowCount() - 1
-                                                                                : 0));
+        editColumn(static_cast<std::size_t>(
+            event->reason() == Qt::BacktabFocusReason ? m_model->rowCount() - 1 : 0));
     }
 }
 
@@ -185,7 +185,7 @@ void CSVFilterList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
         return;
     }
     if (target >= 0 && target < m_model->rowCount()) {
-        edit(static_cast<std::size_t>(target));
+        editColumn(static_cast<std::size_t>(target));
     } else {
         FocusTrap::step(*parentWidget(),
                         isNext ? FocusTrap::Direction::next : FocusTrap::Direction::previous);

@@ -16,7 +16,7 @@ public:
     explicit CSVFilterList(CSVToolViewModel& tool, QWidget* parent = nullptr);
 
     // Puts the caret into the field of that column.
-    void edit(std::size_t column);
+    void editColumn(std::size_t column);
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -76,7 +76,7 @@ std::vector<RowID> matchingRows(const CSVParser::Document& document, const Query
     for (const auto& [column, filter] : query.columnFilters) {
         if (const auto text = CSVParser::trimmed(filter); !text.empty()) {
             const CSVSubstring wanted(text, CSVSubstring::Comparison::lowercase);
-            keepRows(rows, stop, [&](RowID row) { return wanted.isIn(document.cell(row, column)); });
+            keepRows(rows, stop, [&, id = column](RowID row) { return wanted.isIn(document.cell(row, id)); });
         }
     }
     if (!query.searchQuery.empty()) {

@@ -113,7 +113,8 @@ QString CSVTableModel::beginning(std::string_view text, std::size_t size) {
     while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
         --end; // not within a character
     }
-    const auto shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(end));
+    const auto whole = text.substr(0, end);
+    const auto shown = QString::fromUtf8(whole.data(), static_cast<qsizetype>(whole.size()));
     return end < text.size() ? shown + u'…' : shown;
 }
 

@@ -176,12 +176,12 @@ void CSVToolView::makeFiltersPopover() {
     m_filtersPopover->addTitleControl(m_clearFilters);
     connect(m_clearFilters, &PaneButton::clicked, this, [this] {
         m_model.clearColumnFilters();
-        m_filterList->edit(0);
+        m_filterList->editColumn(0);
     });
     connect(m_filterList, &CSVFilterList::escapePressed, m_filtersPopover, &Popover::close);
     connect(m_grid, &CSVGrid::filterRequested, this, [this](std::size_t column) {
         openFilters();
-        m_filterList->edit(column);
+        m_filterList->editColumn(column);
     });
 }
 

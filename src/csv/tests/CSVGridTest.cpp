@@ -25,7 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class CSVGridTest : public testing::Test {

@@ -40,9 +40,9 @@ std::vector<Texts> split(std::string_view text) {
 
 std::vector<bool> numericColumns(std::string_view text) {
     const auto document = CSVParser::parse(text, {.delimiter = ';', .header = HeaderRow::none});
-    std::vector<bool> result;
-    for (std::size_t column = 0; column < document.columnCount(); ++column) {
-        result.push_back(document.isNumeric(column));
+    std::vector<bool> result(document.columnCount());
+    for (std::size_t column = 0; column < result.size(); ++column) {
+        result[column] = document.isNumeric(column);
     }
     return result;
 }
