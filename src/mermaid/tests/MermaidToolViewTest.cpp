@@ -38,7 +38,7 @@ protected:
     bool becomes(Status status) {
         return waitUntil([&] { return model.status() == status && !view.isWorking(); }, 30'000);
     }
-    ToolPane& pane(const QString& role) const {
+    [[nodiscard]] ToolPane& pane(const QString& role) const {
         for (auto* const pane : view.findChildren<ToolPane*>()) {
             if (pane->header().role() == role) {
                 return *pane;
@@ -46,7 +46,7 @@ protected:
         }
         qFatal("no such pane");
     }
-    QAction& action(const QString& title) const {
+    [[nodiscard]] QAction& action(const QString& title) const {
         for (auto* const action : view.findChildren<PaneButton*>()) {
             if (action->menu() != nullptr) {
                 for (auto* const entry : action->menu()->actions()) {
@@ -58,8 +58,10 @@ protected:
         }
         qFatal("no such action");
     }
-    CodeEditor& editor() const { return *view.findChild<CodeEditor*>(); }
-    QColor previewColor() const { return view.findChild<WebPageView*>()->grab().toImage().pixelColor(2, 2); }
+    [[nodiscard]] CodeEditor& editor() const { return *view.findChild<CodeEditor*>(); }
+    [[nodiscard]] QColor previewColor() const {
+        return view.findChild<WebPageView*>()->grab().toImage().pixelColor(2, 2);
+    }
 
     MermaidToolViewModel model;
     MermaidToolView view{model};
