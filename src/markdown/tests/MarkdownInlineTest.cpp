@@ -57,10 +57,10 @@ public:
             return protect(u"<a href=\"" + address + u"\">" + address + u"</a>") + behind;
         });
         for (const auto& [pattern, tags] : m_emphasis) {
-            text = replaced(text, pattern, [&tags = tags](const Groups& groups) {
-                auto html = tags.first;
+            text = replaced(text, pattern, [&marks = tags](const Groups& groups) {
+                auto html = marks.first;
                 html += groups[1];
-                html += tags.second;
+                html += marks.second;
                 return html;
             });
         }

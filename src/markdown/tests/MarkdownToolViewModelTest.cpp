@@ -34,7 +34,7 @@ protected:
         ASSERT_TRUE(settle());
     }
 
-    std::u16string text() const { return model.text().text(); }
+    [[nodiscard]] std::u16string text() const { return model.text().text(); }
 
     QTemporaryDir folder;
     MarkdownToolViewModel model;

@@ -67,8 +67,8 @@ protected:
     void wheelEditor(int pixels) { wheel(*editor().viewport(), pixels); }
     void wheelPreview(int pixels) { wheel(*preview().focusProxy(), pixels); }
 
-    CodeEditor& editor() const { return *view.findChild<CodeEditor*>(); }
-    MarkdownPreviewView& preview() const { return *view.findChild<MarkdownPreviewView*>(); }
+    [[nodiscard]] CodeEditor& editor() const { return *view.findChild<CodeEditor*>(); }
+    [[nodiscard]] MarkdownPreviewView& preview() const { return *view.findChild<MarkdownPreviewView*>(); }
 
     MarkdownToolViewModel model;
     MarkdownToolView view{model};
