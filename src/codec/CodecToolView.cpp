@@ -3,6 +3,7 @@
 #include "chrome/ActivePaneLine.h"
 #include "chrome/Alert.h"
 #include "chrome/CodeEditor.h"
+#include "chrome/EditorZoom.h"
 #include "chrome/FileDropTarget.h"
 #include "chrome/LabelledControl.h"
 #include "chrome/PaneButton.h"
@@ -355,30 +356,11 @@ void CodecToolView::saveOutput() {
 }
 
 bool CodecToolView::canPerform(ToolCommand command) const {
-    switch (command) {
-    case ToolCommand::zoomIn:
-    case ToolCommand::zoomOut:
-    case ToolCommand::resetZoom:
-        return true;
-    default:
-        return false;
-    }
+    return isZoom(command);
 }
 
 void CodecToolView::perform(ToolCommand command) {
-    switch (command) {
-    case ToolCommand::zoomIn:
-        m_inputEditor->setZoom(m_inputEditor->zoom() + 1);
-        break;
-    case ToolCommand::zoomOut:
-        m_inputEditor->setZoom(m_inputEditor->zoom() - 1);
-        break;
-    case ToolCommand::resetZoom:
-        m_inputEditor->setZoom(0);
-        break;
-    default:
-        break;
-    }
+    performZoom(*m_inputEditor, command);
 }
 
 bool CodecToolView::isWorking() const {

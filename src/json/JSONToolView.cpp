@@ -4,6 +4,7 @@
 #include "chrome/Alert.h"
 #include "chrome/CodeEditor.h"
 #include "chrome/ComboBox.h"
+#include "chrome/EditorZoom.h"
 #include "chrome/KeyNames.h"
 #include "chrome/LabelledControl.h"
 #include "chrome/PaneButton.h"
@@ -345,15 +346,8 @@ void JSONToolView::perform(ToolCommand command) {
     case ToolCommand::findPrevious:
         m_model.findPrevious();
         break;
-    case ToolCommand::zoomIn:
-        m_inputEditor->setZoom(m_inputEditor->zoom() + 1);
-        break;
-    case ToolCommand::zoomOut:
-        m_inputEditor->setZoom(m_inputEditor->zoom() - 1);
-        break;
-    case ToolCommand::resetZoom:
-        m_inputEditor->setZoom(0);
-        break;
+    default:
+        performZoom(*m_inputEditor, command);
     }
 }
 

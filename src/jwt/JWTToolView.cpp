@@ -3,6 +3,7 @@
 #include "chrome/ActivePaneLine.h"
 #include "chrome/Alert.h"
 #include "chrome/CodeEditor.h"
+#include "chrome/EditorZoom.h"
 #include "chrome/FileDropTarget.h"
 #include "chrome/MessageView.h"
 #include "chrome/PaneButton.h"
@@ -481,30 +482,11 @@ void JWTToolView::chooseKeyFile() {
 }
 
 bool JWTToolView::canPerform(ToolCommand command) const {
-    switch (command) {
-    case ToolCommand::zoomIn:
-    case ToolCommand::zoomOut:
-    case ToolCommand::resetZoom:
-        return true;
-    default:
-        return false;
-    }
+    return isZoom(command);
 }
 
 void JWTToolView::perform(ToolCommand command) {
-    switch (command) {
-    case ToolCommand::zoomIn:
-        m_token->setZoom(m_token->zoom() + 1);
-        break;
-    case ToolCommand::zoomOut:
-        m_token->setZoom(m_token->zoom() - 1);
-        break;
-    case ToolCommand::resetZoom:
-        m_token->setZoom(0);
-        break;
-    default:
-        break;
-    }
+    performZoom(*m_token, command);
 }
 
 bool JWTToolView::isWorking() const {

@@ -4,6 +4,7 @@
 #include "chrome/Alert.h"
 #include "chrome/CodeEditor.h"
 #include "chrome/ComboBox.h"
+#include "chrome/EditorZoom.h"
 #include "chrome/KeyNames.h"
 #include "chrome/LabelledControl.h"
 #include "chrome/PaneButton.h"
@@ -386,34 +387,20 @@ bool MermaidToolView::previewIsActive() const {
 }
 
 bool MermaidToolView::canPerform(ToolCommand command) const {
-    switch (command) {
-    case ToolCommand::openFile:
-    case ToolCommand::zoomIn:
-    case ToolCommand::zoomOut:
-    case ToolCommand::resetZoom:
-        return true;
-    default:
-        return false;
-    }
+    return command == ToolCommand::openFile || isZoom(command);
 }
 
 void MermaidToolView::perform(ToolCommand command) {
-    auto& viewport = m_model.viewport();
-    switch (command) {
-    case ToolCommand::openFile:
+    if (command == ToolCommand::openFile) {
         chooseFile();
-        break;
-    case ToolCommand::zoomIn:
-        previewIsActive() ? viewport.zoomIn() : m_editor->setZoom(m_editor->zoom() + 1);
-        break;
-    case ToolCommand::zoomOut:
-        previewIsActive() ? viewport.zoomOut() : m_editor->setZoom(m_editor->zoom() - 1);
-        break;
-    case ToolCommand::resetZoom:
-        previewIsActive() ? viewport.showActualSize() : m_editor->setZoom(0);
-        break;
-    default:
-        break;
+    } else if (!previewIsActive()) {
+        performZoom(*m_editor, command);
+    } else if (command == ToolCommand::zoomIn) {
+        m_model.viewport().zoomIn();
+    } else if (command == ToolCommand::zoomOut) {
+        m_model.viewport().zoomOut();
+    } else if (command == ToolCommand::resetZoom) {
+        m_model.viewport().showActualSize();
     }
 }
 

@@ -9,6 +9,7 @@
 #include "chrome/Popover.h"
 #include "chrome/SearchBar.h"
 #include "chrome/ToolPane.h"
+#include "chrome/testing/FindWidgets.h"
 #include "common/testing/WaitUntil.h"
 #include "csv/CSVColumnList.h"
 #include "csv/CSVFilterList.h"
@@ -57,12 +58,7 @@ protected:
     }
 
     [[nodiscard]] PaneButton& button(const QString& name) const {
-        for (auto* const button : m_view.findChildren<PaneButton*>()) {
-            if (button->accessibleName() == name) {
-                return *button;
-            }
-        }
-        throw std::runtime_error("no such button");
+        return widgetNamed<PaneButton>(m_view, name);
     }
 
     void click(const QString& name) {

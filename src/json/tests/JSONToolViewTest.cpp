@@ -8,6 +8,7 @@
 #include "chrome/SearchBar.h"
 #include "chrome/SegmentedPicker.h"
 #include "chrome/ToolPane.h"
+#include "chrome/testing/FindWidgets.h"
 #include "common/testing/WaitUntil.h"
 
 #include <gtest/gtest.h>
@@ -37,25 +38,13 @@ protected:
             [&] { return !m_model.formattingTask().isPending() && !m_model.searchingTask().isPending(); }));
     }
 
-    [[nodiscard]] ToolPane& pane(const QString& role) const {
-        for (auto* const pane : m_view.findChildren<ToolPane*>()) {
-            if (pane->header().role() == role) {
-                return *pane;
-            }
-        }
-        throw std::runtime_error("no such pane");
-    }
+    [[nodiscard]] ToolPane& pane(const QString& role) const { return paneWithRole(m_view, role); }
     [[nodiscard]] CodeEditor& input() const { return *pane(u"Input"_s).findChild<CodeEditor*>(); }
     [[nodiscard]] CodeEditor& output() const { return *pane(u"Output"_s).findChild<CodeEditor*>(); }
     [[nodiscard]] SearchBar& search() const { return *m_view.findChild<SearchBar*>(); }
 
     [[nodiscard]] PaneButton& button(const QString& role, const QString& name) const {
-        for (auto* const button : pane(role).header().findChildren<PaneButton*>()) {
-            if (button->accessibleName() == name) {
-                return *button;
-            }
-        }
-        throw std::runtime_error("no such button");
+        return widgetNamed<PaneButton>(pane(role).header(), name);
     }
 
     [[nodiscard]] QStringList metrics(const QString& role) const {

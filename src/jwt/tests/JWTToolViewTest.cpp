@@ -6,6 +6,7 @@
 #include "chrome/PaneFooter.h"
 #include "chrome/PaneHeader.h"
 #include "chrome/ToolPane.h"
+#include "chrome/testing/FindWidgets.h"
 #include "common/testing/FixedZone.h"
 #include "common/testing/WaitUntil.h"
 #include "jwt/ClaimRow.h"
@@ -41,31 +42,14 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return !m_model.openingTask().isPending() && !m_view.isWorking(); }));
     }
 
-    [[nodiscard]] ToolPane& pane(const QString& role) const {
-        for (auto* const pane : m_view.findChildren<ToolPane*>()) {
-            if (pane->header().role() == role) {
-                return *pane;
-            }
-        }
-        throw std::runtime_error("no such pane");
-    }
+    [[nodiscard]] ToolPane& pane(const QString& role) const { return paneWithRole(m_view, role); }
 
     [[nodiscard]] CodeEditor& editor(const QString& name) const {
-        for (auto* const editor : m_view.findChildren<CodeEditor*>()) {
-            if (editor->accessibleName() == name) {
-                return *editor;
-            }
-        }
-        throw std::runtime_error("no such editor");
+        return widgetNamed<CodeEditor>(m_view, name);
     }
 
     [[nodiscard]] PaneButton& button(const QString& role, const QString& name) const {
-        for (auto* const button : pane(role).findChildren<PaneButton*>()) {
-            if (button->accessibleName() == name) {
-                return *button;
-            }
-        }
-        throw std::runtime_error("no such button");
+        return widgetNamed<PaneButton>(pane(role), name);
     }
 
     [[nodiscard]] QString badge(const QString& role) const {

@@ -7,6 +7,7 @@
 #include "chrome/PromptBar.h"
 #include "chrome/SearchBar.h"
 #include "chrome/TextLabel.h"
+#include "chrome/testing/FindWidgets.h"
 #include "markdown/MarkdownExport.h"
 #include "markdown/MarkdownLocalImages.h"
 #include "markdown/MarkdownScrollSync.h"
@@ -31,23 +32,11 @@ namespace {
 
 class MarkdownToolViewTest : public MarkdownViewTest {
 protected:
-    [[nodiscard]] ToolPane& pane(const QString& role) const {
-        for (auto* const pane : view.findChildren<ToolPane*>()) {
-            if (pane->header().role() == role) {
-                return *pane;
-            }
-        }
-        throw std::runtime_error("no such pane");
-    }
+    [[nodiscard]] ToolPane& pane(const QString& role) const { return paneWithRole(view, role); }
 
     template <typename Widget>
     [[nodiscard]] Widget& named(const QString& name) const {
-        for (auto* const widget : view.findChildren<Widget*>()) {
-            if (widget->accessibleName() == name) {
-                return *widget;
-            }
-        }
-        throw std::runtime_error("no such widget");
+        return widgetNamed<Widget>(view, name);
     }
 
     [[nodiscard]] FindBar& findBar(const QString& role) const { return *pane(role).findChild<FindBar*>(); }

@@ -7,6 +7,7 @@
 #include "chrome/PaneHeader.h"
 #include "chrome/ToolPane.h"
 #include "chrome/WebPageView.h"
+#include "chrome/testing/FindWidgets.h"
 #include "common/testing/WaitUntil.h"
 
 #include <gtest/gtest.h>
@@ -38,14 +39,7 @@ protected:
     bool becomes(Status status) {
         return waitUntil([&] { return model.status() == status && !view.isWorking(); }, 30'000);
     }
-    [[nodiscard]] ToolPane& pane(const QString& role) const {
-        for (auto* const pane : view.findChildren<ToolPane*>()) {
-            if (pane->header().role() == role) {
-                return *pane;
-            }
-        }
-        qFatal("no such pane");
-    }
+    [[nodiscard]] ToolPane& pane(const QString& role) const { return paneWithRole(view, role); }
     [[nodiscard]] QAction& action(const QString& title) const {
         for (auto* const action : view.findChildren<PaneButton*>()) {
             if (action->menu() != nullptr) {
