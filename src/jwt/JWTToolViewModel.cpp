@@ -5,6 +5,8 @@
 #include "common/UnicodeText.h"
 #include "jwt/SampleToken.h"
 
+#include <openssl/crypto.h>
+
 #include <chrono>
 #include <expected>
 #include <utility>
@@ -147,6 +149,7 @@ void JWTToolViewModel::verify(std::chrono::milliseconds delay) {
         [token = m_token, key = m_key, form = m_secretForm](const std::stop_token&) {
             const auto tokenText = token.utf8();
             auto outcome = JWTVerifier::verify(tokenText, key.utf8(), form);
+            OPENSSL_thread_stop(); // the thread may end after OpenSSL, which could not free its part then
             auto sentence = QString::fromStdString(message(outcome, tokenText));
             return Check{.outcome = std::move(outcome), .sentence = std::move(sentence)};
         },
