@@ -2,6 +2,7 @@
 
 #include "common/Graphemes.h"
 #include "common/UnicodeText.h"
+#include "common/UnitBlock.h"
 
 #include <algorithm>
 #include <cassert>
@@ -34,11 +35,21 @@ constexpr auto kSmallest = kCapacity / 4;
 // How far difference() compares texts that share nothing.
 constexpr auto kComparedUnits = 4 * kCapacity;
 
+// The position of the first line feed from `start` on; the text's size when there is none.
+std::size_t nextLineFeed(std::u16string_view text, std::size_t start) {
+    return findUnit(text, start, [](auto unit) { return unit == u'\n'; });
+}
+
+// The end of the line that goes on at `start`, behind its line feed.
+std::size_t lineEnd(std::u16string_view text, std::size_t start) {
+    return std::min(nextLineFeed(text, start) + 1, text.size());
+}
+
 std::shared_ptr<const TextBuffer::Chunk> makeChunk(std::u16string_view text) {
     auto chunk = std::make_shared<TextBuffer::Chunk>();
     chunk->text = text;
     chunk->utf8Length = utf8Length(text);
-    for (auto at = text.find(u'\n'); at != kNone; at = text.find(u'\n', at + 1)) {
+    for (auto at = nextLineFeed(text, 0); at < text.size(); at = nextLineFeed(text, at + 1)) {
         chunk->lineFeeds.push_back(static_cast<std::uint16_t>(at));
     }
     chunk->lineFeeds.shrink_to_fit();
@@ -53,8 +64,7 @@ public:
     // `insideLine`: the text begins inside a line. `lineGoesOn`: its last line continues after it.
     void split(std::u16string_view text, bool insideLine, bool lineGoesOn) {
         if (insideLine) {
-            const auto lineFeed = text.find(u'\n');
-            const auto end = lineFeed == kNone ? text.size() : lineFeed + 1;
+            const auto end = lineEnd(text, 0);
             addLine(text.substr(0, end));
             text.remove_prefix(end);
         }
@@ -82,11 +92,8 @@ private:
         // Chunks of equal size leave each of them some room to grow.
         const auto count = (text.size() + kCapacity - 1) / kCapacity;
         const auto wanted = text.size() / count;
-        auto lineFeed = text.rfind(u'\n', wanted - 1);
-        if (lineFeed == kNone) {
-            lineFeed = text.find(u'\n', wanted);
-        }
-        const auto end = lineFeed == kNone ? text.size() : lineFeed + 1;
+        const auto lineFeed = text.rfind(u'\n', wanted - 1);
+        const auto end = lineFeed == kNone ? lineEnd(text, wanted) : lineFeed + 1;
         if (end <= kCapacity) {
             add(text.substr(0, end));
         } else {
@@ -306,10 +313,14 @@ void TextBuffer::replace(TextRange range, std::u16string_view inserted) {
     const auto head = range.location - lineStart(lineAt(range.location));
     const auto tailEnd = fullLineRange(lineAt(range.end())).end();
     const auto tail = tailEnd - range.end();
-    const auto firstFeed = inserted.find(u'\n');
-    const auto lastFeed = inserted.rfind(u'\n');
-    const auto firstLength = firstFeed == kNone ? head + inserted.size() + tail : head + firstFeed + 1;
-    const auto lastLength = firstFeed == kNone ? firstLength : inserted.size() - lastFeed - 1 + tail;
+    // How far a line goes on behind a chunk's length makes no difference, so no more is searched.
+    const auto beginning = inserted.substr(0, kCapacity);
+    const auto ending = inserted.substr(inserted.size() - beginning.size());
+    const auto firstFeed = beginning.find(u'\n');
+    const auto lastFeed = ending.rfind(u'\n');
+    const auto wholeLength = head + inserted.size() + tail;
+    const auto firstLength = firstFeed == kNone ? wholeLength : head + firstFeed + 1;
+    const auto lastLength = lastFeed == kNone ? wholeLength : ending.size() - lastFeed - 1 + tail;
     if (firstLength <= kCapacity) {
         first = std::min(first, pieceAt(range.location - head));
     }

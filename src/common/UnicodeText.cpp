@@ -1,5 +1,7 @@
 #include "common/UnicodeText.h"
 
+#include "common/UnitBlock.h"
+
 #include <unicode/ustring.h>
 #include <unicode/utf16.h>
 
@@ -162,7 +164,8 @@ BlockCounts countBlock(std::u16string_view text, std::size_t start) {
 // A surrogate counts as three bytes, like any unit of its size, and a pair takes two less than two of them.
 std::size_t utf8Length(std::u16string_view text) {
     auto length = text.size();
-    for (std::size_t start = 0; start < text.size(); start += kBlock) {
+    const auto ascii = findUnit(text, 0, [](auto unit) { return unit >= u'\x80'; });
+    for (auto start = ascii; start < text.size(); start += kBlock) {
         const auto counts = countBlock(text, start);
         length += counts.moreBytes;
         length -= std::size_t{2} * counts.pairs;
