@@ -1,6 +1,10 @@
 #include "chrome/ToolView.h"
 
+#include "chrome/ActivePaneLine.h"
 #include "chrome/DropOverlay.h"
+#include "chrome/PaneHeader.h"
+#include "chrome/Splitter.h"
+#include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
 
 #include <QVBoxLayout>
@@ -21,6 +25,20 @@ void ToolView::setContent(QWidget* content) {
     auto* const layout = new QVBoxLayout(m_body);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(content);
+}
+
+ActivePaneLine* ToolView::setPanes(ToolPane* left, ToolPane* right) {
+    constexpr int kMinimum = 320;
+    auto* const splitter = new Splitter(Qt::Horizontal);
+    splitter->addPane(left, 1, kMinimum);
+    splitter->addPane(right, 1, kMinimum);
+    splitter->setSizes({kMinimum, kMinimum});
+    PaneHeader::alignHeights({&left->header(), &right->header()});
+    setContent(splitter);
+    auto* const activeLine = new ActivePaneLine(this);
+    activeLine->addPane(left);
+    activeLine->addPane(right);
+    return activeLine;
 }
 
 bool ToolView::canPerform(ToolCommand /*command*/) const {

@@ -7,7 +7,9 @@
 
 namespace tarnquill {
 
+class ActivePaneLine;
 class DropOverlay;
+class ToolPane;
 class Toolbar;
 
 // Commands of the menu bar that act on the tool that is shown.
@@ -52,6 +54,8 @@ Q_SIGNALS:
 protected:
     // What fills the view below the toolbar. Call once; the view takes it over.
     void setContent(QWidget* content);
+    // Two panes side by side that share the width as its content, and the line that marks the active one.
+    ActivePaneLine* setPanes(ToolPane* left, ToolPane* right);
 
 private:
     Toolbar* m_toolbar;

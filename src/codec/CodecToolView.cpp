@@ -1,6 +1,5 @@
 #include "codec/CodecToolView.h"
 
-#include "chrome/ActivePaneLine.h"
 #include "chrome/Alert.h"
 #include "chrome/CodeEditor.h"
 #include "chrome/EditorZoom.h"
@@ -10,7 +9,6 @@
 #include "chrome/PaneHeader.h"
 #include "chrome/PaneText.h"
 #include "chrome/SegmentedPicker.h"
-#include "chrome/Splitter.h"
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
 #include "codec/PictureSplit.h"
@@ -37,7 +35,6 @@ using Codec::Direction;
 using Codec::Options;
 using Codec::Scheme;
 
-constexpr int kPaneMinimum = 320;
 constexpr std::array kSchemes{Scheme::base64, Scheme::url, Scheme::html, Scheme::hex};
 
 // Whether the option changes what this scheme and direction give.
@@ -67,15 +64,7 @@ CodecToolView::CodecToolView(CodecToolViewModel& model, QWidget* parent)
     makeToolbar();
     makeInputPane();
     makeOutputPane();
-    auto* splitter = new Splitter(Qt::Horizontal);
-    splitter->addPane(m_inputPane, 1, kPaneMinimum);
-    splitter->addPane(m_outputPane, 1, kPaneMinimum);
-    splitter->setSizes({kPaneMinimum, kPaneMinimum});
-    PaneHeader::alignHeights({&m_inputPane->header(), &m_outputPane->header()});
-    setContent(splitter);
-    auto* activeLine = new ActivePaneLine(this);
-    activeLine->addPane(m_inputPane);
-    activeLine->addPane(m_outputPane);
+    setPanes(m_inputPane, m_outputPane);
 
     connectModel();
     connectEditors();

@@ -13,7 +13,6 @@
 #include "chrome/PaneText.h"
 #include "chrome/SearchBar.h"
 #include "chrome/SegmentedPicker.h"
-#include "chrome/Splitter.h"
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
 #include "json/JSONHighlighter.h"
@@ -35,7 +34,6 @@ using OutputMode = JSONToolViewModel::OutputMode;
 using Pane = JSONToolViewModel::Pane;
 using SortMode = JSONFormatter::SortMode;
 
-constexpr int kPaneMinimum = 320;
 constexpr int kSearchMinimum = 240;
 constexpr int kNarrowSearchWidth = 296;
 constexpr int kSearchWidth = 400;
@@ -91,15 +89,7 @@ JSONToolView::JSONToolView(JSONToolViewModel& model, QWidget* parent)
     makeToolbar();
     makeInputPane();
     makeOutputPane();
-    auto* splitter = new Splitter(Qt::Horizontal);
-    splitter->addPane(m_inputPane, 1, kPaneMinimum);
-    splitter->addPane(m_outputPane, 1, kPaneMinimum);
-    splitter->setSizes({kPaneMinimum, kPaneMinimum});
-    PaneHeader::alignHeights({&m_inputPane->header(), &m_outputPane->header()});
-    setContent(splitter);
-    m_activeLine = new ActivePaneLine(this);
-    m_activeLine->addPane(m_inputPane);
-    m_activeLine->addPane(m_outputPane);
+    m_activeLine = setPanes(m_inputPane, m_outputPane);
 
     connectModel();
     connectEditors();
