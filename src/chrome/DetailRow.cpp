@@ -45,11 +45,15 @@ void DetailRow::paintText(QPainter& painter, const QRect& area) {
 
     // The remarks take what is left between title and value, if it is enough.
     first.setLeft(first.left() + kGap);
-    if (Painting::textWidth(m_texts.valueRemark, FontRole::note) <= first.width()) {
+    const auto fits = [&](const QString& text) {
+        return Painting::textWidth(text, FontRole::note) <= first.width();
+    };
+    if (fits(m_texts.valueRemark)) {
         paintEnd(painter, first, m_texts.valueRemark, FontRole::note, ColorRole::muted);
     }
-    if (Painting::textWidth(m_texts.remark, FontRole::note) <= first.width()) {
-        paintStart(painter, first, m_texts.remark, FontRole::note, ColorRole::muted);
+    const auto& remark = fits(m_texts.remark) ? m_texts.remark : m_texts.shortRemark;
+    if (fits(remark)) {
+        paintStart(painter, first, remark, FontRole::note, ColorRole::muted);
     }
 }
 

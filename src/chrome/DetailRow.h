@@ -13,9 +13,10 @@ public:
 
     struct Texts {
         QString title;
-        QString remark = {};  // quietly after the title; goes first where there is little room
-        QString note;         // elided where there is little room
-        QString noteEnd = {}; // right after the note, and never elided
+        QString remark = {};      // quietly after the title; goes first where there is little room
+        QString shortRemark = {}; // comes in its place where there is room for that
+        QString note;             // elided where there is little room
+        QString noteEnd = {};     // right after the note, and never elided
         QString value;
         QString valueRemark = {}; // quietly before the value
         QString detail;

@@ -49,6 +49,7 @@ void ZoneRow::setZone(const TimestampToolViewModel::OtherZone& zone) {
     const auto summerTime = zone.time->offset.isSummerTime ? tr("summer time") : QString();
     setTexts({.title = zone.city,
               .remark = summerTime,
+              .shortRemark = summerTime.isEmpty() ? QString() : tr("DST"),
               .note = zone.name,
               .noteEnd = u" · "_s + offset,
               .value = clock,
