@@ -95,7 +95,7 @@ ScriptBridge::ScriptBridge(QWebEnginePage& page, const QStringList& handlers)
         script(channelLibrary() + QString::fromLatin1(kChannelScript), QWebEngineScript::ApplicationWorld));
 }
 
-void ScriptBridge::call(const QString& body, const QJsonObject& arguments, const Answer& answer) {
+void ScriptBridge::call(const QString& body, const QJsonObject& arguments, const WebPage::Answer& answer) {
     const auto id = ++m_lastCall;
     m_calls.insert(id, answer);
     QJsonArray values;

@@ -4,12 +4,10 @@
 // own rights. Values travel as JSON: what JSON cannot hold (NaN, undefined) arrives as null.
 #pragma once
 
-#include <QHash>
-#include <QJsonObject>
-#include <QObject>
+#include "chrome/WebPage.h"
 
-#include <expected>
-#include <functional>
+#include <QHash>
+#include <QObject>
 
 class QWebEnginePage;
 
@@ -19,9 +17,6 @@ class ScriptBridge : public QObject {
     Q_OBJECT
 
 public:
-    // What the script returned (undefined when it was nothing), or the description of what it threw.
-    using Answer = std::function<void(const std::expected<QJsonValue, QString>& result)>;
-
     // Offers `window.webkit.messageHandlers.<name>.postMessage(body)` to the scripts of every document that
     // the page loads from now on. The page has to live as long as the bridge.
     ScriptBridge(QWebEnginePage& page, const QStringList& handlers);
@@ -29,7 +24,7 @@ public:
     // Runs the statements as the body of an async function whose parameters are the arguments' names, and
     // hands on what it returns in the end:
     //     call(u"return await draw(code);", {{u"code", text}}, …)
-    void call(const QString& body, const QJsonObject& arguments, const Answer& answer);
+    void call(const QString& body, const QJsonObject& arguments, const WebPage::Answer& answer);
 
     // Nobody will answer any more, as when the page is loaded again: every waiting call fails with this.
     void failCalls(const QString& description);
@@ -46,7 +41,7 @@ private:
 
     QWebEnginePage& m_page;
     QStringList m_handlers;
-    QHash<qint64, Answer> m_calls;
+    QHash<qint64, WebPage::Answer> m_calls;
     qint64 m_lastCall = 0;
 };
 

@@ -2,7 +2,7 @@
 // follows the theme, talks with the program, and comes back by itself when its process has died.
 //
 //     auto* view = new WebPageView({.messageHandlers = {u"sync"_s},
-//                                   .allowsRequest = [](const QUrl& url, WebPageView::Resource kind) { … }});
+//                                   .allowsRequest = [](const QUrl& url, WebPage::Resource kind) { … }});
 //     connect(view, &WebPageView::loaded, …);                       // now, and after every reload
 //     connect(view, &WebPageView::messageReceived, …);              //
 //     webkit.messageHandlers.sync.postMessage() view->loadAddress(QUrl(u"qrc:/folder/page.html"_s)); // or
@@ -10,46 +10,26 @@
 //     after loaded() view->call(u"return await draw(code);"_s, {{u"code"_s, text}}, [](const auto& result) {
 //     … });
 //
+// The engine is started when the view has been painted for the first time; what is asked before is done then.
+//
 // A rule @media (prefers-color-scheme: dark) of the page's style sheet holds while the theme is dark; the
 // script's matchMedia() does not know of it.
 #pragma once
 
-#include "chrome/FileDropWebView.h"
-#include "chrome/ScriptBridge.h"
+#include "chrome/WebPage.h"
 
-#include <QElapsedTimer>
-#include <QWebEngineUrlRequestInfo>
-
-#include <memory>
-
-class QWebEngineProfile;
-class QWebEngineUrlSchemeHandler;
+#include <QWidget>
 
 namespace tarnquill {
 
-class WebPageView : public FileDropWebView {
+class WebPageView : public QWidget, private WebPage::Client {
     Q_OBJECT
 
 public:
-    using Resource = QWebEngineUrlRequestInfo::ResourceType;
-
-    struct Setup {
-        // Names under window.webkit.messageHandlers, known before the page's first script runs.
-        QStringList messageHandlers;
-        // Whether the page may load the resource. Without an answer, or when it is no, the request never
-        // leaves the program. The page itself needs no allowance.
-        std::function<bool(const QUrl& url, Resource kind)> allowsRequest;
-        // Run when the document is there, beside the page's own scripts: it shares their document but none of
-        // their variables, and no policy of the page binds it. tarnquillPost(handler, body) sends messages.
-        QString script = {};
-    };
-
-    explicit WebPageView(Setup setup, QWidget* parent = nullptr);
+    explicit WebPageView(WebPage::Setup setup, QWidget* parent = nullptr);
     ~WebPageView() override;
 
-    // Serves the addresses of a scheme, which has to be registered before the application is created
-    // (QWebEngineUrlScheme). The handler has to outlive the view.
-    void setSchemeHandler(const QByteArray& scheme, QWebEngineUrlSchemeHandler* handler);
+    void setFileDrop(const FileDrop& drop);
 
     // Either shows the page anew. Relative addresses of an HTML text, which is below 2 MB, start at the base.
     void loadHtml(const QString& html, const QUrl& base);
@@ -59,50 +39,62 @@ public:
     // The same for a page whose script may never end.
     void restartPage();
     // Between loaded() and the next load. Scripts run only then.
-    [[nodiscard]] bool isLoaded() const { return m_state == State::loaded; }
+    [[nodiscard]] bool isLoaded() const;
     // The address of the document: about:blank for an HTML text without a base.
     [[nodiscard]] const QUrl& address() const { return m_address; }
 
     // Evaluates the script in the page. Nothing comes back.
     void run(const QString& script);
-    // Awaits the script's result, see ScriptBridge::call(). The answer comes exactly once, unless the view
-    // goes first; it is a failure when the page is not loaded or is loaded again.
-    void call(const QString& body, const QJsonObject& arguments, const ScriptBridge::Answer& answer);
+    // Runs the statements as the body of an async function whose parameters are the arguments' names, and
+    // hands on what it returns in the end. The answer comes exactly once, unless the view goes first; it is a
+    // failure when the page is not loaded or is loaded again.
+    void call(const QString& body, const QJsonObject& arguments, const WebPage::Answer& answer);
+
+    // Marks the text's matches in the page and goes to the next one.
+    void find(const QString& text, WebPage::FindDirection direction, const WebPage::FindAnswer& answer);
+    void endFind();
+
+    // Writes the document as a PDF; printed() follows.
+    void print(const QString& path);
+
+    [[nodiscard]] double zoomFactor() const;
+    void setZoomFactor(double factor);
 
 Q_SIGNALS:
     void loaded();
     void messageReceived(const QString& handler, const QJsonValue& body);
     // Something in the page wants to go elsewhere, which it never does by itself.
-    void navigationRefused(const QUrl& url, QWebEnginePage::NavigationType type, bool isMainFrame);
-    // The page's process has died. The page is loaded again, unless it died too often in a short time.
+    void navigationRefused(const QUrl& url, WebPage::Navigation cause, bool isMainFrame);
+    // The page's process has died. The page is loaded again, unless it died too often in a short time or the
+    // engine cannot be started at all.
     void died(bool isReloading);
+    void printed(const QString& path, bool isWritten);
 
 protected:
-    void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
-    class Page;
-    class RequestFilter;
-    enum class State { empty, loading, loaded };
+    void pageLoaded() override { Q_EMIT loaded(); }
+    void pageSent(const QString& handler, const QJsonValue& body) override {
+        Q_EMIT messageReceived(handler, body);
+    }
+    void pageRefused(const QUrl& url, WebPage::Navigation cause, bool isMainFrame) override {
+        Q_EMIT navigationRefused(url, cause, isMainFrame);
+    }
+    void pageDied(bool isReloading) override { Q_EMIT died(isReloading); }
+    void pagePrinted(const QString& path, bool isWritten) override { Q_EMIT printed(path, isWritten); }
 
-    void start();
-    void finishLoad(bool ok);
-    void processDied();
+    void makePage();
+    void load();
     void showTheme();
 
-    Setup m_setup;
+    WebPage::Setup m_setup;
+    std::optional<FileDrop> m_fileDrop;
     std::optional<QString> m_html;
     QUrl m_address;
-    State m_state = State::empty;
-    bool m_isRestarting = false;
-    int m_deaths = 0;
-    QElapsedTimer m_firstDeath;
-
-    // Each of these needs the ones before it for as long as it lives.
-    std::unique_ptr<RequestFilter> m_filter;
-    std::unique_ptr<QWebEngineProfile> m_profile;
-    std::unique_ptr<Page> m_page;
-    std::unique_ptr<ScriptBridge> m_bridge;
+    double m_zoomFactor = 1;
+    bool m_hasStarted = false;
+    std::unique_ptr<WebPage> m_page;
 };
 
 } // namespace tarnquill

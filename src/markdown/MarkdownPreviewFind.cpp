@@ -8,7 +8,6 @@
 
 #include <QJsonArray>
 #include <QPointer>
-#include <QWebEngineFindTextResult>
 
 namespace tarnquill {
 
@@ -80,7 +79,7 @@ MarkdownPreviewFind::MarkdownPreviewFind(MarkdownPreviewView& preview, FindBar& 
     });
 }
 
-void MarkdownPreviewFind::find(Direction direction) {
+void MarkdownPreviewFind::find(WebPage::FindDirection direction) {
     const auto query = m_bar.isOpen() ? m_bar.search().text() : QString();
     if (query.isEmpty()) {
         clear();
@@ -89,20 +88,17 @@ void MarkdownPreviewFind::find(Direction direction) {
     // The scroll to the match is the page's own, which it has to know before.
     m_preview.call(u"holdOwnScroll();"_s, {}, [self = QPointer(this), query, direction](const auto&) {
         if (self) {
-            QWebEnginePage::FindFlags flags;
-            flags.setFlag(QWebEnginePage::FindBackward, direction == Direction::backward);
-            self->m_preview.page()->findText(query, flags, [self](const QWebEngineFindTextResult& result) {
+            self->m_preview.find(query, direction, [self](int count, int active) {
                 if (self) {
-                    self->show(result);
+                    self->show(count, active);
                 }
             });
         }
     });
 }
 
-void MarkdownPreviewFind::show(const QWebEngineFindTextResult& result) {
-    m_count = result.numberOfMatches();
-    const auto active = result.activeMatch();
+void MarkdownPreviewFind::show(int count, int active) {
+    m_count = count;
     const auto selected = active > 0 ? std::optional(static_cast<std::size_t>(active) - 1) : std::nullopt;
     m_bar.search().setCount(QString::fromStdString(SearchMatches::statusText(
                                 static_cast<std::size_t>(std::max(m_count, 0)), selected)),
@@ -119,7 +115,7 @@ void MarkdownPreviewFind::show(const QWebEngineFindTextResult& result) {
 void MarkdownPreviewFind::clear() {
     m_count = 0;
     m_bar.search().setCount({}, false);
-    m_preview.page()->findText({});
+    m_preview.endFind();
     m_preview.run(u"window.getSelection().removeAllRanges()"_s);
 }
 

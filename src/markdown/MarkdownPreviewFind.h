@@ -1,10 +1,10 @@
 // Finds in the preview's page: the web view marks the matches, and the editor follows to the present one.
 #pragma once
 
+#include "chrome/WebPage.h"
+
 #include <QObject>
 #include <QString>
-
-class QWebEngineFindTextResult;
 
 namespace tarnquill {
 
@@ -19,17 +19,15 @@ public:
     // All outlive the find.
     MarkdownPreviewFind(MarkdownPreviewView& preview, FindBar& bar, MarkdownScrollSync& sync);
 
-    void next() { find(Direction::forward); }
-    void previous() { find(Direction::backward); }
+    void next() { find(WebPage::FindDirection::forward); }
+    void previous() { find(WebPage::FindDirection::backward); }
     [[nodiscard]] bool canNavigate() const { return m_count > 0; }
     [[nodiscard]] int count() const { return m_count; }
 
 private:
-    enum class Direction { forward, backward };
-
-    void find(Direction direction);
+    void find(WebPage::FindDirection direction);
     void clear();
-    void show(const QWebEngineFindTextResult& result);
+    void show(int count, int active);
 
     MarkdownPreviewView& m_preview;
     FindBar& m_bar;

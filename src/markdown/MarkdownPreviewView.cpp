@@ -1,7 +1,7 @@
 #include "markdown/MarkdownPreviewView.h"
 
 #include "markdown/MarkdownFolderAccess.h"
-#include "markdown/MarkdownImageHandler.h"
+#include "markdown/MarkdownImageRequests.h"
 #include "markdown/MarkdownLinkPolicy.h"
 #include "markdown/MarkdownLocalImages.h"
 #include "markdown/MarkdownPreviewPage.h"
@@ -16,17 +16,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-using NavigationType = QWebEnginePage::NavigationType;
-
 const auto kSync = u"sync"_s;
 const auto kTask = u"task"_s;
 
 // Only images, and only these, are ever asked of anyone.
-bool allowsRequest(const QUrl& url, WebPageView::Resource kind) {
+bool allowsRequest(const QUrl& url, WebPage::Resource kind) {
     static const std::array kSchemes{u"http"_s, u"https"_s, u"data"_s,
                                      QString::fromLatin1(MarkdownPreviewPage::kDocumentScheme)};
-    return kind == WebPageView::Resource::ResourceTypeImage &&
-           std::ranges::find(kSchemes, url.scheme()) != kSchemes.end();
+    return kind == WebPage::Resource::image && std::ranges::find(kSchemes, url.scheme()) != kSchemes.end();
 }
 
 // A box of a task is disabled and hears nothing: the click is its item's.
@@ -52,20 +49,21 @@ for (const image of document.querySelectorAll('img[src]')) {
 }
 )";
 
-MarkdownLinkPolicy::Cause causeOf(NavigationType type) {
+MarkdownLinkPolicy::Cause causeOf(WebPage::Navigation navigation) {
     using Cause = MarkdownLinkPolicy::Cause;
-    switch (type) {
-    case QWebEnginePage::NavigationTypeLinkClicked:
+    switch (navigation) {
+    case WebPage::Navigation::link:
         return Cause::link;
-    case QWebEnginePage::NavigationTypeFormSubmitted:
+    case WebPage::Navigation::form:
         return Cause::form;
-    case QWebEnginePage::NavigationTypeBackForward:
+    case WebPage::Navigation::history:
         return Cause::history;
-    case QWebEnginePage::NavigationTypeReload:
+    case WebPage::Navigation::reload:
         return Cause::reload;
-    default:
-        return Cause::other;
+    case WebPage::Navigation::other:
+        break;
     }
+    return Cause::other;
 }
 
 } // namespace
@@ -73,10 +71,13 @@ MarkdownLinkPolicy::Cause causeOf(NavigationType type) {
 MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent)
     : WebPageView({.messageHandlers = {kSync, kTask},
                    .allowsRequest = allowsRequest,
-                   .script = QString::fromLatin1(kTaskScript)},
-                  parent),
-      m_images(std::make_unique<MarkdownImageHandler>(access)) {
-    setSchemeHandler(MarkdownPreviewPage::kDocumentScheme, m_images.get());
+                   .script = QString::fromLatin1(kTaskScript),
+                   .scheme = MarkdownPreviewPage::kDocumentScheme,
+                   .serve =
+                       [&access](const QUrl& url, const WebPage::ContentAnswer& answer) {
+                           MarkdownImageRequests::serve(url, access, answer);
+                       }},
+                  parent) {
     connect(this, &WebPageView::messageReceived, this, &MarkdownPreviewView::receive);
     connect(this, &WebPageView::loaded, this, [this] {
         m_shown.reset();
@@ -84,8 +85,8 @@ MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* 
         pushBody();
     });
     connect(this, &WebPageView::navigationRefused, this,
-            [this](const QUrl& url, NavigationType type, bool isMainFrame) {
-                if (MarkdownLinkPolicy::decide(url, causeOf(type), isMainFrame, address()) ==
+            [this](const QUrl& url, WebPage::Navigation cause, bool isMainFrame) {
+                if (MarkdownLinkPolicy::decide(url, causeOf(cause), isMainFrame, address()) ==
                     MarkdownLinkPolicy::Decision::openInBrowser) {
                     QDesktopServices::openUrl(url);
                 }
@@ -94,8 +95,6 @@ MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* 
             [this] { run(QString::fromLatin1(kReloadImages)); });
     loadHtml(MarkdownPreviewPage::html(), {});
 }
-
-MarkdownPreviewView::~MarkdownPreviewView() = default;
 
 void MarkdownPreviewView::setFolder(const QString& folder) {
     const auto base = folder.isEmpty() ? QUrl() : MarkdownLocalImages::addressOf(folder);

@@ -10,7 +10,6 @@
 namespace tarnquill {
 
 class MarkdownFolderAccess;
-class MarkdownImageHandler;
 
 class MarkdownPreviewView : public WebPageView {
     Q_OBJECT
@@ -20,7 +19,6 @@ public:
 
     // The access outlives the view.
     explicit MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent = nullptr);
-    ~MarkdownPreviewView() override;
 
     // Shows the document, or the newest of several: the page gets the next one when it has laid out the last.
     void setBody(const Rendering& rendering);
@@ -55,7 +53,6 @@ private:
     void take(const MarkdownPreviewMessage::Layout& layout);
     void take(const MarkdownPreviewMessage::Scroll& scroll);
 
-    std::unique_ptr<MarkdownImageHandler> m_images;
     Rendering m_body;
     Rendering m_shown; // what the page has; null while it has nothing
     bool m_awaitsLayout = false;

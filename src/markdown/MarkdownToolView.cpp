@@ -220,10 +220,9 @@ void MarkdownToolView::connectPanes() {
                                      u"Start the preview anew"_s);
         }
     });
-    connect(m_preview->page(), &QWebEnginePage::pdfPrintingFinished, this,
-            [this](const QString& path, bool isWritten) {
-                sayWritingFailed(isWritten ? QString() : u"“"_s + path + u"” cannot be written."_s);
-            });
+    connect(m_preview, &WebPageView::printed, this, [this](const QString& path, bool isWritten) {
+        sayWritingFailed(isWritten ? QString() : u"“"_s + path + u"” cannot be written."_s);
+    });
     connect(m_previewPane, &ToolPane::errorActivated, this, [this] {
         m_previewPane->showContent();
         m_preview->reloadPage();
@@ -353,7 +352,7 @@ void MarkdownToolView::exportPDF() {
     const auto path =
         QFileDialog::getSaveFileName(this, u"Export as PDF"_s, exportPath(u".pdf"_s), u"PDF files (*.pdf)"_s);
     if (!path.isEmpty()) {
-        m_preview->page()->printToPdf(path);
+        m_preview->print(path);
     }
 }
 

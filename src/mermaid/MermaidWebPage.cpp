@@ -3,7 +3,6 @@
 #include "chrome/WebPageView.h"
 
 #include <QCoreApplication>
-#include <QWebEngineSettings>
 
 namespace tarnquill {
 
@@ -16,8 +15,8 @@ QUrl shellURL() {
     return QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + u"/mermaid/mermaid-shell.html"_s);
 }
 
-bool isOwnScript(const QUrl& url, WebPageView::Resource kind) {
-    return kind == WebPageView::Resource::ResourceTypeScript &&
+bool isOwnScript(const QUrl& url, WebPage::Resource kind) {
+    return kind == WebPage::Resource::script &&
            url.adjusted(QUrl::RemoveFilename) == shellURL().adjusted(QUrl::RemoveFilename);
 }
 
@@ -25,15 +24,15 @@ bool isOwnScript(const QUrl& url, WebPageView::Resource kind) {
 
 MermaidWebPage::MermaidWebPage(QWidget* parent)
     : MermaidPage(parent),
-      m_view(new WebPageView(
-          {.messageHandlers = {u"viewState"_s, u"errorActivated"_s}, .allowsRequest = isOwnScript}, parent)) {
+      m_view(new WebPageView({.messageHandlers = {u"viewState"_s, u"errorActivated"_s},
+                              .allowsRequest = isOwnScript,
+                              .readsFiles = true,
+                              // One diagram kind does not draw without it.
+                              .hasLocalStorage = true},
+                             parent)) {
     connect(m_view, &WebPageView::loaded, this, &MermaidWebPage::loaded);
     connect(m_view, &WebPageView::died, this, &MermaidWebPage::lost);
     connect(m_view, &WebPageView::messageReceived, this, &MermaidWebPage::messageReceived);
-    // The scripts beside the page are files; which of all files it may have is for isOwnScript() to say.
-    m_view->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, true);
-    // One diagram kind does not draw without it. It lasts as long as the page.
-    m_view->settings()->setAttribute(QWebEngineSettings::LocalStorageEnabled, true);
     m_view->loadAddress(shellURL());
 }
 

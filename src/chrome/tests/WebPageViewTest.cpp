@@ -1,6 +1,7 @@
 #include "chrome/WebPageView.h"
 
 #include "chrome/Theme.h"
+#include "chrome/testing/WebPageProcess.h"
 #include "common/testing/WaitUntil.h"
 
 #include <gmock/gmock.h>
@@ -10,8 +11,6 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
-
-#include <csignal>
 
 namespace tarnquill {
 namespace {
@@ -39,7 +38,7 @@ protected:
 
     QList<QUrl> asked;
     WebPageView view{
-        {.messageHandlers = {u"sync"_s}, .allowsRequest = [this](const QUrl& url, WebPageView::Resource) {
+        {.messageHandlers = {u"sync"_s}, .allowsRequest = [this](const QUrl& url, WebPage::Resource) {
              asked.append(url);
              return url.path() == u"/allowed.png";
          }}};
@@ -94,6 +93,8 @@ TEST_F(WebPageViewTest, LetsOnlyAllowedRequestsLeaveTheProgram) {
         u"<img src='%1/refused.png'><link rel=stylesheet href='%1/s.css'><iframe src='%1/f'></iframe>"
         "<script>fetch('%1/fetched').catch(() => {});"
         "new Image().src = '%1/allowed.png'</script>"_s;
+    view.resize(400, 300);
+    view.show();
     view.loadHtml(html.arg(host), {});
     ASSERT_TRUE(waitUntil([&] { return server.hasPendingConnections(); }));
     letEventsPass(200);
@@ -111,8 +112,7 @@ TEST_F(WebPageViewTest, StaysOnItsPageAndTellsWhereItWasToGo) {
     view.run(u"web.click(); part.click()"_s);
     ASSERT_TRUE(waitUntil([&] { return !refused.isEmpty(); }));
     EXPECT_EQ(refused[0][0].toUrl(), QUrl(u"https://example.org/"_s));
-    EXPECT_EQ(refused[0][1].value<QWebEnginePage::NavigationType>(),
-              QWebEnginePage::NavigationTypeLinkClicked);
+    EXPECT_EQ(refused[0][1].value<WebPage::Navigation>(), WebPage::Navigation::link);
     letEventsPass(100);
     EXPECT_TRUE(view.isLoaded());
     EXPECT_EQ(call(u"return location.href;"_s), Result(u"about:blank"_s));
@@ -136,7 +136,7 @@ TEST_F(WebPageViewTest, ComesBackWhenItsProcessHasDiedUnlessThatGoesOn) {
     QSignalSpy loaded(&view, &WebPageView::loaded);
     QSignalSpy died(&view, &WebPageView::died);
     for (int death = 1; death <= 4; ++death) {
-        ASSERT_EQ(kill(static_cast<pid_t>(view.page()->renderProcessPid()), SIGKILL), 0);
+        killProcess(view);
         ASSERT_TRUE(waitUntil([&] { return died.count() == death; }));
         EXPECT_FALSE(view.isLoaded());
         ASSERT_EQ(died.last()[0].toBool(), death < 4);

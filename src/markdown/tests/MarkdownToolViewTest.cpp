@@ -8,6 +8,7 @@
 #include "chrome/SearchBar.h"
 #include "chrome/TextLabel.h"
 #include "chrome/testing/FindWidgets.h"
+#include "chrome/testing/WebPageProcess.h"
 #include "markdown/MarkdownExport.h"
 #include "markdown/MarkdownLocalImages.h"
 #include "markdown/MarkdownScrollSync.h"
@@ -20,9 +21,6 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QWebEngineScript>
-
-#include <csignal>
 
 namespace tarnquill {
 
@@ -92,7 +90,7 @@ TEST_F(MarkdownToolViewTest, TogglesATaskBoxInItsSourceLineAndLeavesTheCaret) {
                                   "return [r.left + r.width / 2, r.top + r.height / 2];"_s.arg(box))
                                .toArray();
         QTest::mouseClick(
-            preview().focusProxy(), Qt::LeftButton, {},
+            preview().focusProxy()->focusProxy(), Qt::LeftButton, {},
             QPoint(static_cast<int>(place[0].toDouble()), static_cast<int>(place[1].toDouble())));
         letEventsPass(50);
         ASSERT_TRUE(settle());
@@ -165,7 +163,7 @@ TEST_F(MarkdownToolViewTest, ShowsImagesBesideTheDocumentOnceTheFolderIsAllowed)
 
 TEST_F(MarkdownToolViewTest, BringsTheDocumentBackWhenThePagesProcessHasDied) {
     ASSERT_TRUE(setText(u"still here"));
-    ASSERT_EQ(kill(static_cast<pid_t>(preview().page()->renderProcessPid()), SIGKILL), 0);
+    killProcess(preview());
     ASSERT_TRUE(waitUntil([&] { return !preview().isLoaded(); }));
     ASSERT_TRUE(settle());
     EXPECT_EQ(bodyText(), u"still here"_s);

@@ -65,7 +65,7 @@ protected:
         QApplication::sendEvent(&target, &event);
     }
     void wheelEditor(int pixels) { wheel(*editor().viewport(), pixels); }
-    void wheelPreview(int pixels) { wheel(*preview().focusProxy(), pixels); }
+    void wheelPreview(int pixels) { wheel(*preview().focusProxy()->focusProxy(), pixels); }
 
     [[nodiscard]] CodeEditor& editor() const { return *view.findChild<CodeEditor*>(); }
     [[nodiscard]] MarkdownPreviewView& preview() const { return *view.findChild<MarkdownPreviewView*>(); }

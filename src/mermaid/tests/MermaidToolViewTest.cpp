@@ -8,6 +8,7 @@
 #include "chrome/ToolPane.h"
 #include "chrome/WebPageView.h"
 #include "chrome/testing/FindWidgets.h"
+#include "chrome/testing/WebPageProcess.h"
 #include "common/testing/WaitUntil.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +17,6 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QTest>
-
-#include <csignal>
 
 namespace tarnquill {
 namespace {
@@ -143,7 +142,7 @@ TEST_F(MermaidToolViewTest, CopiesTheDiagramInEveryForm) {
 
 TEST_F(MermaidToolViewTest, DrawsAgainWhenThePagesProcessIsKilled) {
     auto* const web = view.findChild<WebPageView*>();
-    ::kill(static_cast<pid_t>(web->page()->renderProcessPid()), SIGKILL);
+    killProcess(*web);
     model.setText(TextBuffer(std::u16string_view(u"pie\n \"a\" : 1")));
     ASSERT_TRUE(waitUntil([&] { return !web->isLoaded(); }));
     ASSERT_TRUE(becomes(Status::rendered));

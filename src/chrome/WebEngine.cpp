@@ -1,0 +1,82 @@
+#include "chrome/WebEngine.h"
+
+#include "chrome/WebPage.h"
+
+#include <QCoreApplication>
+#include <QOpenGLContext>
+#include <QPluginLoader>
+
+// Qt exports this for its modules, and has no public header for it.
+QT_BEGIN_NAMESPACE
+// NOLINTNEXTLINE(readability-identifier-naming): the name is Qt's
+Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext* context);
+QT_END_NAMESPACE
+
+namespace tarnquill {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+QList<QByteArray>& schemes() {
+    static QList<QByteArray> list;
+    return list;
+}
+
+// The engine draws with the graphics processor through the context that all of Qt's share. Where there is
+// none, it expects one that is not valid, as Qt makes it.
+void shareGraphics() {
+    if (QOpenGLContext::globalShareContext() != nullptr) {
+        return;
+    }
+    auto* const context = new QOpenGLContext;
+    context->create();
+    qt_gl_set_global_share_context(context);
+    qAddPostRoutine([] {
+        delete QOpenGLContext::globalShareContext();
+        qt_gl_set_global_share_context(nullptr);
+    });
+}
+
+QString modulePath() {
+    return QCoreApplication::applicationDirPath() + u"/tarnquill-web"_s;
+}
+
+} // namespace
+
+WebEngine& WebEngine::instance() {
+    static WebEngine engine;
+    return engine;
+}
+
+void WebEngine::addScheme(const QByteArray& scheme) {
+    schemes().append(scheme);
+}
+
+void WebEngine::load() {
+    if (m_module != nullptr) {
+        Q_EMIT ready();
+        return;
+    }
+    if (m_loading.isPending()) {
+        return;
+    }
+    shareGraphics();
+    m_loading.start(
+        0ms, [path = modulePath()](const std::stop_token&) { return QPluginLoader(path).load(); },
+        [this](bool isLoaded) { finishLoad(isLoaded); });
+}
+
+void WebEngine::finishLoad(bool isLoaded) {
+    QPluginLoader loader(modulePath());
+    m_module = isLoaded ? qobject_cast<WebEngineModule*>(loader.instance()) : nullptr;
+    if (m_module == nullptr) {
+        qWarning("The web engine cannot be loaded: %s", qUtf8Printable(loader.errorString()));
+        Q_EMIT failed();
+        return;
+    }
+    m_module->registerSchemes(schemes());
+    Q_EMIT ready();
+}
+
+} // namespace tarnquill
