@@ -1,6 +1,7 @@
 #include "chrome/WebEngine.h"
 
 #include "chrome/WebPage.h"
+#include "common/InstalledFile.h"
 
 #include <QCoreApplication>
 #include <QOpenGLContext>
@@ -39,7 +40,7 @@ void shareGraphics() {
 }
 
 QString modulePath() {
-    return QCoreApplication::applicationDirPath() + u"/tarnquill-web"_s;
+    return installedFile(u"lib/tarnquill/tarnquill-web");
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "mermaid/MermaidWebPage.h"
 
 #include "chrome/WebPageView.h"
-
-#include <QCoreApplication>
+#include "common/InstalledFile.h"
 
 namespace tarnquill {
 
@@ -10,9 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Beside the program, see Page.cmake.
+// What Page.cmake puts together.
 QUrl shellURL() {
-    return QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + u"/mermaid/mermaid-shell.html"_s);
+    return QUrl::fromLocalFile(installedFile(u"share/tarnquill/mermaid/mermaid-shell.html"));
 }
 
 bool isOwnScript(const QUrl& url, WebPage::Resource kind) {

@@ -1,7 +1,7 @@
-# The preview's page, as a folder beside the programs: its own files, the diagram engine from the npm packages, and the typeface
+# The preview's page, as a folder of share/: its own files, the diagram engine from the npm packages, and the typeface
 # from its Debian package as a script, because a page that is a file can read no other file.
 
-set(mermaid_page_folder "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/mermaid")
+set(mermaid_page_folder "${TARNQUILL_SHARE_DIRECTORY}/tarnquill/mermaid")
 set(mermaid_page_files
     page/export.js
     page/mermaid-shell.html

@@ -1,4 +1,5 @@
 #include "chrome/Theme.h"
+#include "shell/ApplicationIcon.h"
 #include "shell/FirstPaint.h"
 #include "shell/LaunchOptions.h"
 #include "shell/SingleInstance.h"
@@ -28,7 +29,8 @@ int main(int argc, char** argv) {
     QApplication application(nameOnly, argv);
     QApplication::setOrganizationName(u"Tarnquill"_s);
     QApplication::setApplicationName(u"Tarnquill"_s);
-    QApplication::setDesktopFileName(u"tarnquill"_s);
+    QApplication::setDesktopFileName(u"org.tarnquill.Tarnquill"_s);
+    QApplication::setWindowIcon(applicationIcon());
 
     SingleInstance instance(SingleInstance::defaultPath());
     if (!options->quitAfterFirstPaint && instance.claim(request) == SingleInstance::Role::handedOver) {
