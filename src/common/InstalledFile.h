@@ -1,4 +1,5 @@
-// The files that are installed with the programs: bin/, lib/ and share/ stand side by side, in the build tree too.
+// The files that are installed with the programs: bin/, lib/ and share/ stand side by side, in the build tree
+// too.
 #pragma once
 
 #include <QString>
@@ -8,7 +9,8 @@ namespace tarnquill {
 // The absolute path of a file that is named from the folder on that holds bin/.
 [[nodiscard]] QString installedFile(QStringView name);
 
-// The licences of all that the program is made of, in Markdown; the file is missing where only the program was built.
+// The licences of all that the program is made of, in Markdown; the file is missing where only the program
+// was built.
 [[nodiscard]] QString noticesFile();
 
 } // namespace tarnquill
