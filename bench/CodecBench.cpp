@@ -97,8 +97,8 @@ void peer(benchmark::State& state, const char* program, std::string_view file, s
     std::ofstream(path, std::ios::binary) << file;
     const auto command = program + (' ' + path.string()) + " >/dev/null";
     for (auto _ : state) {
-        if (std::system(command.c_str()) !=
-            0) { // NOLINT(bugprone-command-processor): of this benchmark's own words
+        // NOLINTNEXTLINE(bugprone-command-processor): of this benchmark's own words
+        if (std::system(command.c_str()) != 0) {
             state.SkipWithError("not installed");
             break;
         }

@@ -1,21 +1,16 @@
 // Whatever is read as an instant, in any unit and zone, is in range, and its ISO 8601 and Unix rows read back
 // to that instant.
+#include "FuzzInput.h"
 #include "common/ICUTimeZone.h"
 #include "timestamp/TimestampRows.h"
 
 #include <array>
-#include <cstdlib>
 
 namespace {
 
 using namespace tarnquill;
+using fuzz::require;
 using Timestamp::UnitChoice;
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 void requireReadsBack(const Timestamp::Row& row, UnitChoice choice, const Timestamp::Instant& instant,
                       const TimeZone& zone) {

@@ -92,9 +92,8 @@ std::string message(const Failure& failure) {
         return "This is not Base64. It has a character outside the alphabet, or a length no Base64 text can "
                "have.";
     case Failure::Reason::notHex:
-        return "This is not hex. Apart from spaces, colons, commas, dashes and 0x prefixes, only 0\u20139 "
-               "and "
-               "a\u2013f may appear.";
+        return "This is not hex. Apart from spaces, colons, commas, dashes and 0x prefixes, only "
+               "0\u20139 and a\u2013f may appear.";
     case Failure::Reason::oddHexLength:
         return "Hex takes two digits per byte, and this has an odd number of digits.";
     case Failure::Reason::notPercentEncoded:

@@ -353,8 +353,8 @@ void CodecToolView::perform(ToolCommand command) {
 }
 
 bool CodecToolView::isWorking() const {
-    return m_model.transformTask().isPending() || m_model.dumpTask().isPending() ||
-           m_decodingPicture.isPending();
+    return m_model.openingTask().isPending() || m_model.transformTask().isPending() ||
+           m_model.dumpTask().isPending() || m_decodingPicture.isPending();
 }
 
 } // namespace tarnquill

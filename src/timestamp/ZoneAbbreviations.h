@@ -7,8 +7,8 @@
 namespace tarnquill::Timestamp {
 
 struct ZoneAbbreviations {
-    std::string_view
-        area; // a zone's name, or the name of a group of zones that share their names (a CLDR meta zone)
+    // A zone's name, or the name of a group of zones that share their names (a CLDR meta zone).
+    std::string_view area;
     std::string_view standard;
     std::string_view summer; // empty when none is in use
 };

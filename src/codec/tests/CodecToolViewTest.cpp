@@ -36,7 +36,7 @@ protected:
     }
 
     void settle() {
-        ASSERT_TRUE(waitUntil([&] { return !m_model.openingTask().isPending() && !m_view.isWorking(); }));
+        ASSERT_TRUE(waitUntil([&] { return !m_view.isWorking(); }));
     }
 
     [[nodiscard]] ToolPane& pane(const QString& role) const { return paneWithRole(m_view, role); }
