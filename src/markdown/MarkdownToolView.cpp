@@ -11,7 +11,6 @@
 #include "chrome/PaneHeader.h"
 #include "chrome/PaneText.h"
 #include "chrome/PromptBar.h"
-#include "chrome/Splitter.h"
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
 #include "common/CountText.h"
@@ -42,7 +41,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPaneMinimum = 320;
 constexpr double kZoomStep = 0.1;
 
 } // namespace
@@ -58,16 +56,8 @@ MarkdownToolView::MarkdownToolView(MarkdownToolViewModel& model, QWidget* parent
     makeToolbar();
     makeSourcePane();
     makePreviewPane();
-    auto* const splitter = new Splitter(Qt::Horizontal);
-    splitter->addPane(m_sourcePane, 1, kPaneMinimum);
-    splitter->addPane(m_previewPane, 1, kPaneMinimum);
-    splitter->setSizes({kPaneMinimum, kPaneMinimum});
-    PaneHeader::alignHeights({&m_sourcePane->header(), &m_previewPane->header()});
-    setContent(splitter);
+    m_activeLine = setPanes(m_sourcePane, m_previewPane);
     setFocusProxy(m_editor);
-    m_activeLine = new ActivePaneLine(this);
-    m_activeLine->addPane(m_sourcePane);
-    m_activeLine->addPane(m_previewPane);
 
     connectModel();
     connectPanes();
