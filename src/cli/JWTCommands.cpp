@@ -3,6 +3,7 @@
 #include "common/WhiteSpace.h"
 #include "jwt/JWTDecoder.h"
 #include "jwt/JWTVerifier.h"
+#include "jwt/PEMKey.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/json.hpp>
@@ -103,6 +104,17 @@ std::string line(std::string text) {
     return text + '\n';
 }
 
+// The text of a key's file, or the PEM of a key in DER.
+std::expected<std::string, Failure> readKeyFile(const std::string& path) {
+    const auto text = readText(path);
+    if (text) {
+        return std::string(withoutByteOrderMark(text->view()));
+    }
+    const auto bytes = readBytes(path);
+    const auto pem = bytes ? JWTVerifier::pemFromDER(bytes->view()) : std::nullopt;
+    return pem ? std::expected<std::string, Failure>(*pem) : std::unexpected(text.error());
+}
+
 Result verify(const Options& options) {
     using JWTVerifier::SecretForm;
     const auto token = readToken(options);
@@ -111,11 +123,11 @@ Result verify(const Options& options) {
     }
     auto key = options.key;
     if (!options.keyFile.empty()) {
-        const auto file = readText(options.keyFile);
+        auto file = readKeyFile(options.keyFile);
         if (!file) {
             return failed(file.error());
         }
-        key = withoutByteOrderMark(file->view());
+        key = std::move(*file);
     }
     const auto outcome = JWTVerifier::verify(token->view(), key,
                                              options.secretIsBase64 ? SecretForm::base64 : SecretForm::text);

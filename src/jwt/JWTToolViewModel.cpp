@@ -3,6 +3,7 @@
 #include "common/ICUTimeZone.h"
 #include "common/TextFile.h"
 #include "common/UnicodeText.h"
+#include "jwt/PEMKey.h"
 #include "jwt/SampleToken.h"
 
 #include <openssl/crypto.h>
@@ -23,6 +24,17 @@ double systemTime() {
 
 TextBuffer bufferOf(std::string_view text) {
     return TextBuffer(utf16FromUTF8(text).value_or(std::u16string()));
+}
+
+// A text is taken as it stands, a key in DER as its PEM.
+std::expected<TextBuffer, std::string> readKey(const std::string& path) {
+    const auto file = readTextFile(path);
+    if (file) {
+        return TextBuffer(file->text);
+    }
+    const auto bytes = readFile(path);
+    const auto pem = bytes ? JWTVerifier::pemFromDER(*bytes) : std::nullopt;
+    return pem ? std::expected<TextBuffer, std::string>(bufferOf(*pem)) : std::unexpected(file.error());
 }
 
 } // namespace
@@ -99,12 +111,7 @@ void JWTToolViewModel::clearToken() {
 
 void JWTToolViewModel::openKey(const QString& path) {
     m_opening.start(
-        0ms,
-        [path = path.toStdString()](const std::stop_token&) -> std::expected<TextBuffer, std::string> {
-            const auto file = readTextFile(path);
-            return file ? std::expected<TextBuffer, std::string>(TextBuffer(file->text))
-                        : std::unexpected(file.error());
-        },
+        0ms, [path = path.toStdString()](const std::stop_token&) { return readKey(path); },
         [this](const std::expected<TextBuffer, std::string>& key) {
             if (!key) {
                 Q_EMIT openingFailed(QString::fromStdString(key.error()));

@@ -139,6 +139,28 @@ std::optional<std::string> publicKeyOfCertificate(std::string_view der, Algorith
     return bytes;
 }
 
+// The label of the structure by what it begins with.
+std::optional<std::string_view> labelOfDER(std::string_view bytes) {
+    DERReader outer(bytes);
+    const auto content = outer.take(DERTag::sequence);
+    if (!content || !outer.isAtEnd()) {
+        return std::nullopt;
+    }
+    DERReader values(*content);
+    if (values.takeUnsignedInteger()) {
+        // A modulus and an exponent; a private key begins with its version.
+        return values.takeUnsignedInteger() && values.isAtEnd() ? "RSA PUBLIC KEY" : "PRIVATE KEY";
+    }
+    if (!values.take(DERTag::sequence)) {
+        return std::nullopt;
+    }
+    if (values.takeBytesOfBitString() && values.isAtEnd()) {
+        return "PUBLIC KEY";
+    }
+    const auto isCertificate = values.take(DERTag::sequence) && values.takeBytesOfBitString();
+    return isCertificate && values.isAtEnd() ? std::optional("CERTIFICATE") : std::nullopt;
+}
+
 } // namespace
 
 bool isPEM(std::string_view text) {
@@ -171,6 +193,23 @@ KeyResult readPEM(std::string_view text, Algorithm algorithm) {
                      : std::unexpected(KeyFailure::wrongKind(algorithm));
     }
     return std::unexpected(KeyFailure::unknownLabel(label));
+}
+
+std::optional<std::string> pemFromDER(std::string_view bytes) {
+    constexpr std::size_t kLineLength = 64;
+    const auto label = labelOfDER(bytes);
+    if (!label) {
+        return std::nullopt;
+    }
+    const auto boundary = [&label](std::string_view word) {
+        return std::string(kDashes).append(word).append(" ").append(*label).append(kDashes).append("\n");
+    };
+    auto pem = boundary("BEGIN");
+    const auto body = Base64::encode(bytes, Base64::Alphabet::standard);
+    for (std::size_t start = 0; start < body.size(); start += kLineLength) {
+        pem.append(body, start, kLineLength).append("\n");
+    }
+    return pem + boundary("END");
 }
 
 } // namespace tarnquill::JWTVerifier

@@ -12,4 +12,8 @@ inline constexpr std::string_view kFromCertificate = ", from a certificate";
 
 [[nodiscard]] KeyResult readPEM(std::string_view text, Algorithm algorithm);
 
+// The PEM of a key file in DER, as which certificates above all are handed on; nothing when the bytes are not
+// one of the structures that readPEM() tells apart.
+[[nodiscard]] std::optional<std::string> pemFromDER(std::string_view bytes);
+
 } // namespace tarnquill::JWTVerifier

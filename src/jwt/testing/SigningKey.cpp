@@ -88,6 +88,9 @@ SigningKey::SigningKey(Algorithm algorithm)
 }
 
 SigningKey::SigningKey(Algorithm algorithm, const std::string& publicText) : m_algorithm(algorithm) {
+    if (family(algorithm) == Family::hmac) {
+        return;
+    }
     const std::unique_ptr<BIO, decltype(&BIO_free_all)> input(
         BIO_new_mem_buf(publicText.data(), static_cast<int>(publicText.size())), &BIO_free_all);
     m_key.reset(PEM_read_bio_PUBKEY(input.get(), nullptr, nullptr, nullptr), EVP_PKEY_free);

@@ -16,7 +16,7 @@ public:
     // RSA keys have 2,048 bits; the shared secret is kSecret.
     explicit SigningKey(JWTVerifier::Algorithm algorithm);
 
-    // A key that signs nothing, from what publicText() gave. There is none for a shared secret.
+    // A key that only verifies, from what publicText() gave.
     SigningKey(JWTVerifier::Algorithm algorithm, const std::string& publicText);
 
     static constexpr std::string_view kSecret = "an example secret of thirty-two.";

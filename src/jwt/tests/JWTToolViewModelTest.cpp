@@ -133,6 +133,10 @@ TEST_F(JWTToolViewModelTest, TakesAKeyFromAFileOrSaysWhyNot) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("another\n");
     file.close();
+    QFile der(folder.filePath(u"key.der"_s));
+    ASSERT_TRUE(der.open(QIODevice::WriteOnly));
+    der.write(QByteArray::fromHex("300b300506032b6570030200ff"));
+    der.close();
     const QSignalSpy replaced(&m_model, &JWTToolViewModel::keyReplaced);
     const QSignalSpy failed(&m_model, &JWTToolViewModel::openingFailed);
     m_model.openKey(path);
@@ -143,6 +147,10 @@ TEST_F(JWTToolViewModelTest, TakesAKeyFromAFileOrSaysWhyNot) {
     settle();
     EXPECT_EQ(failed.count(), 1);
     EXPECT_EQ(m_model.key().text(), u"another\n");
+    m_model.openKey(der.fileName());
+    settle();
+    EXPECT_EQ(m_model.key().text(),
+              u"-----BEGIN PUBLIC KEY-----\nMAswBQYDK2VwAwIA/w==\n-----END PUBLIC KEY-----\n");
 }
 
 } // namespace tarnquill

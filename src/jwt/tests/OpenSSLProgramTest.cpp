@@ -2,6 +2,7 @@
 #include "codec/Base64.h"
 #include "jwt/DERReader.h"
 #include "jwt/JWTVerifier.h"
+#include "jwt/PEMKey.h"
 
 #include <gtest/gtest.h>
 
@@ -110,6 +111,21 @@ TEST_F(OpenSSLProgram, SignsWithRSA) {
     expectRefused("EdDSA", "certificate", "Not an Ed25519 public key, which EdDSA needs.");
     expectRefused("HS256", "certificate",
                   "This is a public key or a certificate, but HS256 is checked with the shared secret.");
+}
+
+TEST_F(OpenSSLProgram, WritesInPEMWhatItWritesInDER) {
+    makeKey("-algorithm RSA");
+    run("rsa -in key -RSAPublicKey_out -out pkcs1");
+    run("pkey -in key -pubout -outform DER -out public.der");
+    run("rsa -in key -RSAPublicKey_out -outform DER -out pkcs1.der");
+    run("x509 -in certificate -outform DER -out certificate.der");
+    run("pkcs8 -topk8 -nocrypt -in key -outform DER -out key.der");
+    for (const auto* const name : {"public", "pkcs1", "certificate", "key"}) {
+        const auto der = read(name + std::string(".der"));
+        EXPECT_EQ(JWTVerifier::pemFromDER(der), read(name));
+        EXPECT_EQ(JWTVerifier::pemFromDER(der.substr(1)), std::nullopt);
+        EXPECT_EQ(JWTVerifier::pemFromDER(der + '\0'), std::nullopt);
+    }
 }
 
 TEST_F(OpenSSLProgram, SignsWithEllipticCurves) {
