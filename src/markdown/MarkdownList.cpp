@@ -2,6 +2,7 @@
 #include "markdown/MarkdownText.h"
 #include "markdown/MarkdownWriter.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -17,17 +18,21 @@ struct ListLine {
     std::string content; // the lines of the item, joined
 };
 
+// The character in the task box at the text's front. A blank follows the box, though perhaps no text.
+std::optional<char> checkboxOf(std::string_view text) {
+    const bool isBox = text.size() > 3 && text[0] == '[' && text[2] == ']' && isBlank(text[3]) &&
+                       std::string_view(" xX").contains(text[1]);
+    return isBox ? std::optional(text[1]) : std::nullopt;
+}
+
 ListLine listLineOf(std::string_view text, const ListMarker& marker, std::size_t line) {
-    ListLine item{
-        .indent = indentOf(text), .line = line, .ordered = marker.ordered, .checkbox = {}, .content = {}};
-    auto content = trimmed(text.substr(marker.end));
-    if (content.size() > 3 && content[0] == '[' && content[2] == ']' && isBlank(content[3]) &&
-        std::string_view(" xX").contains(content[1])) {
-        item.checkbox = content[1];
-        content = trimmed(content.substr(4));
-    }
-    item.content = content;
-    return item;
+    const auto content = text.substr(std::min(text.find_first_not_of(" \t", marker.end), text.size()));
+    const auto checkbox = checkboxOf(content);
+    return {.indent = indentOf(text),
+            .line = line,
+            .ordered = marker.ordered,
+            .checkbox = checkbox,
+            .content = std::string(trimmed(checkbox ? content.substr(3) : content))};
 }
 
 // The number of blank lines at the front that a list line follows; nothing when something else does.

@@ -65,14 +65,14 @@ TEST(Markdown, AlignsTableColumnsAndDropsOuterPipes) {
 }
 
 TEST(Markdown, NestsListsByIndentAndMarksTasks) {
-    EXPECT_EQ(Markdown::html("- a\n  more\n  1. b\n\n- [x] c\n- [ ] d\n- [x]\n3) e\nend"),
+    EXPECT_EQ(Markdown::html("- a\n  more\n  1. b\n\n- [x] c\n- [ ] \n- [x]\n3) e\nend"),
               "<ul>\n<li data-line=\"1\" data-end=\"1\">a\nmore<ol>\n"
               "<li data-line=\"3\" data-end=\"3\">b</li>\n</ol>\n</li>\n"
               "<li class=\"task-list-item\" data-line=\"5\" data-end=\"5\"><input type=\"checkbox\" disabled "
               "checked> c"
               "</li>\n"
               "<li class=\"task-list-item\" data-line=\"6\" data-end=\"6\"><input type=\"checkbox\" "
-              "disabled> d</li>\n"
+              "disabled> </li>\n"
               "<li data-line=\"7\" data-end=\"7\">[x]</li>\n</ul>\n"
               "<ol>\n<li data-line=\"8\" data-end=\"8\">e</li>\n</ol>\n"
               "<p data-line=\"9\" data-end=\"9\">end</p>\n");
