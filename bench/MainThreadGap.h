@@ -42,12 +42,12 @@ public:
         m_longest = {};
         work();
         do {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         } while (!done());
         // Ticks that still wait count too.
         const auto end = Clock::now() + std::chrono::milliseconds(20);
         while (Clock::now() < end) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
         return m_longest;
     }

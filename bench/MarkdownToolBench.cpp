@@ -60,7 +60,7 @@ double percentile95(std::vector<double> values) {
 template <typename Condition>
 void await(Condition condition) {
     while (!condition()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 }
 
@@ -116,20 +116,25 @@ private:
         return times;
     }
 
-    void scrollEditor(int step) {
-        auto& bar = *m_editor.verticalScrollBar();
-        bar.setValue(bar.value() + (step < kScrollSteps / 2 ? 1 : -1) * 60);
+    void scrollToStart() {
+        m_editor.verticalScrollBar()->setValue(0);
+        letPass(std::chrono::milliseconds(300));
     }
+
+    // Half of the steps go down, the others back up, so that even a short document has room for them.
+    static int scrollDistance(int step, int pixels) { return step < kScrollSteps / 2 ? pixels : -pixels; }
 
     // Milliseconds from each scroll of the editor to the page's report that it has followed.
     std::vector<double> followEditor() {
+        auto& bar = *m_editor.verticalScrollBar();
+        scrollToStart();
         std::vector<double> times;
         for (int step = 0; step < kScrollSteps; ++step) {
             bool reported = false;
             const auto connection =
                 QObject::connect(&m_preview, &WebPageView::messageReceived, [&] { reported = true; });
             const auto start = Clock::now();
-            scrollEditor(step);
+            bar.setValue(bar.value() + scrollDistance(step, 60));
             await([&] { return reported || Clock::now() - start > std::chrono::seconds(1); });
             times.push_back(milliseconds(Clock::now() - start));
             QObject::disconnect(connection);
@@ -140,11 +145,12 @@ private:
 
     // Milliseconds from the page's scroll, as its own clock has it, to the editor's.
     std::vector<double> followPreview() {
+        scrollToStart();
         std::vector<double> times;
         for (int step = 0; step < kScrollSteps; ++step) {
             const auto before = m_editor.verticalScrollBar()->value();
             const auto start = Clock::now();
-            m_preview.run(QStringLiteral("window.scrollBy(0, %1)").arg(step < kScrollSteps / 2 ? 120 : -120));
+            m_preview.run(QStringLiteral("window.scrollBy(0, %1)").arg(scrollDistance(step, 120)));
             await([&] {
                 return m_editor.verticalScrollBar()->value() != before ||
                        Clock::now() - start > std::chrono::seconds(1);

@@ -31,6 +31,7 @@ constexpr auto kPageScript = R"(
 })(%1);
 )";
 
+// A long message goes in parts: the channel decodes each on the main thread at once.
 constexpr auto kChannelScript = R"(
 (() => {
     let send = null;
@@ -45,7 +46,8 @@ constexpr auto kChannelScript = R"(
     window.addEventListener('tarnquill-message', ({ detail }) => pass(detail));
     window.tarnquillPost = (handler, body) => pass(JSON.stringify([handler, body]));
     new QWebChannel(qt.webChannelTransport, ({ objects }) => {
-        send = message => objects.bridge.receive(message);
+        send = message => message.match(/.{1,16384}/gsu)
+            .forEach((part, index, parts) => objects.bridge.receive(part, index, parts.length));
         waiting.splice(0).forEach(send);
     });
 })();
@@ -114,7 +116,17 @@ void ScriptBridge::failCalls(const QString& description) {
     }
 }
 
-void ScriptBridge::receive(const QString& message) {
+void ScriptBridge::receive(const QString& part, int index, int count) {
+    if (index == 0) {
+        m_message.clear();
+    }
+    m_message += part;
+    if (index == count - 1) {
+        take(std::exchange(m_message, {}));
+    }
+}
+
+void ScriptBridge::take(const QString& message) {
     const auto parts = QJsonDocument::fromJson(message.toUtf8()).array();
     const auto handler = parts[0].toString();
     if (handler.isEmpty()) {

@@ -29,18 +29,20 @@ public:
     // Nobody will answer any more, as when the page is loaded again: every waiting call fails with this.
     void failCalls(const QString& description);
 
-    // Called by the page's end of the bridge.
-    Q_INVOKABLE void receive(const QString& message);
+    // Called by the page's end of the bridge, for each part of a message.
+    Q_INVOKABLE void receive(const QString& part, int index, int count);
 
 Q_SIGNALS:
     // The page has posted the body to one of the handlers.
     void messageReceived(const QString& handler, const QJsonValue& body);
 
 private:
+    void take(const QString& message);
     void finish(const QJsonObject& message);
 
     QWebEnginePage& m_page;
     QStringList m_handlers;
+    QString m_message; // the parts that have come
     QHash<qint64, WebPage::Answer> m_calls;
     qint64 m_lastCall = 0;
 };

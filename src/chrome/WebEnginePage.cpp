@@ -5,7 +5,9 @@
 
 #include <QBuffer>
 #include <QContextMenuEvent>
+#include <QLoggingCategory>
 #include <QMenu>
+#include <QPageLayout>
 #include <QPointer>
 #include <QTimer>
 #include <QWebEngineFindTextResult>
@@ -24,6 +26,9 @@ namespace tarnquill {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+// Shown with QT_LOGGING_RULES="tarnquill.page=true".
+Q_LOGGING_CATEGORY(console, "tarnquill.page", QtWarningMsg)
 
 // A page that dies more often than this within the time would go on dying.
 constexpr int kMostDeaths = 3;
@@ -141,6 +146,12 @@ protected:
         }
         m_owner.m_client.pageRefused(url, navigation(type), isMainFrame);
         return false;
+    }
+
+    // What documents make the engine complain of is news for those who look for it only.
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level*/, const QString& message, int line,
+                                  const QString& source) override {
+        qCInfo(console).noquote().nospace() << source << ":" << line << ": " << message;
     }
 
 private:
@@ -302,7 +313,10 @@ void WebEnginePage::endFind() {
 }
 
 void WebEnginePage::print(const QString& path) {
-    m_page->printToPdf(path);
+    constexpr int kMargin = 16;
+    m_page->printToPdf(path, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
+                                         QMarginsF(kMargin, kMargin, kMargin, kMargin),
+                                         QPageLayout::Millimeter));
 }
 
 double WebEnginePage::zoomFactor() const {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <tuple>
 
 namespace tarnquill {
 
@@ -47,22 +47,31 @@ std::optional<MarkdownLineMap::Block> MarkdownLineMap::block(std::span<const dou
 
 MarkdownLineMap::MarkdownLineMap(std::span<const Block> blocks, int lineCount, double height) {
     const auto count = std::max(lineCount, 1);
-    std::map<int, double> ends{{count, height}};
-    std::map<int, double> heights;
+    // What blocks tell of a line. A block's top goes before another block's bottom on the same line.
+    struct Height {
+        int line;
+        bool isBottom;
+        double y;
+    };
+    std::vector<Height> heights{{.line = count, .isBottom = true, .y = height}};
+    heights.reserve(blocks.size() * 2 + 1);
     for (const auto& block : blocks) {
         if (block.line >= 1 && block.line < count) {
-            const auto [start, isNew] = heights.try_emplace(block.line, block.top);
-            start->second = std::min(start->second, block.top);
+            heights.push_back({.line = block.line, .isBottom = false, .y = block.top});
         }
         if (block.end && block.end->line >= 1 && block.end->line <= count) {
-            const auto [end, isNew] = ends.try_emplace(block.end->line, block.end->bottom);
-            end->second = std::max(end->second, block.end->bottom);
+            heights.push_back({.line = block.end->line, .isBottom = true, .y = block.end->bottom});
         }
     }
-    heights.merge(ends); // A line on which a block starts keeps the start.
+    // Of each line the first counts: the smallest top, or else the largest bottom.
+    std::ranges::sort(heights, {}, [](const Height& each) {
+        return std::tuple(each.line, each.isBottom, each.isBottom ? -each.y : each.y);
+    });
     m_anchors.push_back({});
-    for (const auto& [line, y] : heights) {
-        m_anchors.push_back({.line = static_cast<double>(line), .y = std::max(y, m_anchors.back().y)});
+    for (const auto& [line, isBottom, y] : heights) {
+        if (m_anchors.back().line < line) {
+            m_anchors.push_back({.line = static_cast<double>(line), .y = std::max(y, m_anchors.back().y)});
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -35,13 +36,13 @@ std::optional<int> lineCountAt(const QJsonObject& object) {
 
 std::optional<MarkdownLineMap::Block> blockOf(const QJsonValue& entry) {
     const auto numbers = entry.toArray();
-    std::vector<double> measurement;
-    for (const auto& number : numbers) {
-        if (!number.isDouble()) {
-            return std::nullopt;
-        }
-        measurement.push_back(number.toDouble());
+    std::array<double, 4> measurement{};
+    if (numbers.size() != std::ssize(measurement) ||
+        !std::ranges::all_of(numbers, [](const auto& number) { return number.isDouble(); })) {
+        return std::nullopt;
     }
+    std::ranges::transform(numbers, measurement.begin(),
+                           [](const auto& number) { return number.toDouble(); });
     return MarkdownLineMap::block(measurement);
 }
 

@@ -115,7 +115,7 @@ void MarkdownPreviewView::pushBody() {
         return;
     }
     if (m_shown == nullptr || m_shown->html != m_body->html) {
-        run(u"updateBody("_s + m_body->literal + u"[0], "_s + QString::number(m_body->lineCount) + u")"_s);
+        run(m_body->update);
         m_awaitsLayout = true;
     } else if (m_shown->lineCount != m_body->lineCount) {
         run(u"setLineCount("_s + QString::number(m_body->lineCount) + u")"_s);

@@ -12,6 +12,7 @@
 
 namespace tarnquill {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -56,9 +57,11 @@ MarkdownToolViewModel::Rendering render(const TextBuffer& text) {
     const auto source = text.utf8();
     MarkdownToolViewModel::Rendering rendering;
     rendering.html = Markdown::html(source);
-    rendering.literal = QString::fromUtf8(
-        QJsonDocument(QJsonArray{QString::fromStdString(rendering.html)}).toJson(QJsonDocument::Compact));
     rendering.lineCount = static_cast<int>(text.lineCount());
+    const auto json =
+        QJsonDocument(QJsonArray{QString::fromStdString(rendering.html)}).toJson(QJsonDocument::Compact);
+    rendering.update =
+        u"updateBody("_s + QString::fromUtf8(json) + u"[0], "_s + QString::number(rendering.lineCount) + u')';
     rendering.counts = Markdown::counts(source);
     rendering.outline = Markdown::outline(rendering.html);
     return rendering;

@@ -23,7 +23,7 @@ public:
     // What came of one state of the document.
     struct Rendering {
         std::string html;
-        QString literal; // the HTML as JSON, in an array of one
+        QString update; // the call that gives the page the HTML
         int lineCount = 1;
         Markdown::Counts counts;
         std::vector<Markdown::OutlineEntry> outline;
