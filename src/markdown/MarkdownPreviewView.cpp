@@ -26,8 +26,8 @@ bool allowsRequest(const QUrl& url, WebPage::Resource kind) {
     return kind == WebPage::Resource::image && std::ranges::find(kSchemes, url.scheme()) != kSchemes.end();
 }
 
-// A box of a task is disabled and hears nothing: the click is its item's.
-constexpr auto kTaskScript = R"(
+// A box of a task is disabled and hears nothing: the click is its item's. On paper nothing can be scrolled to.
+constexpr auto kPageScript = R"(
 document.addEventListener('click', ({ target, clientX, clientY }) => {
     const item = target.closest('.task-list-item');
     const box = item?.querySelector('input')?.getBoundingClientRect();
@@ -35,8 +35,14 @@ document.addEventListener('click', ({ target, clientX, clientY }) => {
         tarnquillPost('task', Number(item.dataset.line));
     }
 });
-document.head.appendChild(document.createElement('style')).textContent =
-    '.task-list-item > input { pointer-events: none; }';
+document.head.appendChild(document.createElement('style')).textContent = `
+    .task-list-item > input { pointer-events: none; }
+    @media print {
+        #content { max-width: none; padding: 0; }
+        pre { white-space: pre-wrap; overflow-wrap: anywhere; }
+        h1, h2, h3, h4, h5, h6 { break-after: avoid; }
+        pre, blockquote, tr, img { break-inside: avoid; }
+    }`;
 )";
 
 constexpr auto kReloadImages = R"(
@@ -71,7 +77,7 @@ MarkdownLinkPolicy::Cause causeOf(WebPage::Navigation navigation) {
 MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent)
     : WebPageView({.messageHandlers = {kSync, kTask},
                    .allowsRequest = allowsRequest,
-                   .script = QString::fromLatin1(kTaskScript),
+                   .script = QString::fromLatin1(kPageScript),
                    .scheme = MarkdownPreviewPage::kDocumentScheme,
                    .serve =
                        [&access](const QUrl& url, const WebPage::ContentAnswer& answer) {

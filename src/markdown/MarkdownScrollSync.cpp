@@ -121,7 +121,8 @@ void MarkdownScrollSync::previewFound(double matchTop) {
 }
 
 void MarkdownScrollSync::previewScrolled(double distance) {
-    if (isReady()) {
+    // With the source hidden too, so that it comes back where the preview is.
+    if (m_preview.map()) {
         m_controller.userScrolled(Pane::preview, distance, levelHeight(Pane::preview),
                                   [this](double windowY) { return lineAt(Pane::preview, windowY); });
     }

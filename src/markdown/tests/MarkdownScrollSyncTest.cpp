@@ -266,6 +266,15 @@ TEST_F(MarkdownScrollSyncTest, KeepsTheLeadersLineWhenThePanesChangeTheirSize) {
     view.resize(1200, 800);
     ASSERT_TRUE(settle());
     expectLevel("resized");
+    view.setSourceShown(false);
+    ASSERT_TRUE(settle());
+    wheelPreview(1500);
+    ASSERT_TRUE(settle());
+    const auto line = controller().current().value().line;
+    view.setSourceShown(true);
+    ASSERT_TRUE(settle());
+    expectLevel("shown");
+    EXPECT_EQ(controller().current().value().line, line) << "the preview's place is lost";
 }
 
 } // namespace
