@@ -94,8 +94,9 @@ SearchBar::SearchBar(Parts parts, QWidget* parent)
     if (parts == Parts::withNavigation) {
         m_field->setToolTip(KeyNames::forPlatform(tr("Search (⌘F)")));
         m_previous = compactButton(tr("Previous match"), u"chevron-up"_s,
-                                   tr("Go to the previous match (Shift+Enter)"));
-        m_next = compactButton(tr("Next match"), u"chevron-down"_s, tr("Go to the next match (Enter)"));
+                                   KeyNames::forPlatform(tr("Previous match (⇧⌘G)")));
+        m_next =
+            compactButton(tr("Next match"), u"chevron-down"_s, KeyNames::forPlatform(tr("Next match (⌘G)")));
         for (PaneButton* button : {m_previous, m_next}) {
             button->setTint(ColorRole::secondaryText);
             button->setEnabled(false);

@@ -314,9 +314,9 @@ void WebEnginePage::endFind() {
 
 void WebEnginePage::print(const QString& path) {
     constexpr int kMargin = 16;
-    m_page->printToPdf(path, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                                         QMarginsF(kMargin, kMargin, kMargin, kMargin),
-                                         QPageLayout::Millimeter));
+    m_page->printToPdf(path,
+                       QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
+                                   QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter));
 }
 
 double WebEnginePage::zoomFactor() const {

@@ -7,6 +7,7 @@
 
 #include <QNetworkReply>
 #include <QSaveFile>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -30,9 +31,7 @@ QByteArray page(const QString& title, const std::string& body) {
 
 MarkdownExport::MarkdownExport(Document document, const MarkdownFolderAccess& access, const QString& path,
                                QObject* parent)
-    : QObject(parent), m_document(std::move(document)), m_access(access), m_path(path) {
-    m_network.setTransferTimeout(static_cast<int>(std::chrono::milliseconds(kDownloadLimit).count()));
-}
+    : QObject(parent), m_document(std::move(document)), m_access(access), m_path(path) {}
 
 void MarkdownExport::start() {
     for (const auto& address : Markdown::imageAddresses(m_document.rendering->html)) {
@@ -66,6 +65,12 @@ void MarkdownExport::read(const std::string& address, const QString& file) {
 void MarkdownExport::download(const std::string& address, const QUrl& url) {
     ++m_waitingFor;
     auto* const reply = m_network.get(QNetworkRequest(url));
+    QTimer::singleShot(kDownloadLimit, reply, &QNetworkReply::abort);
+    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
+        if (received > MarkdownLocalImages::kLargestImage) {
+            reply->abort();
+        }
+    });
     connect(reply, &QNetworkReply::finished, this, [this, reply, address] {
         const auto type = reply->header(QNetworkRequest::ContentTypeHeader).toByteArray();
         if (reply->error() == QNetworkReply::NoError && type.startsWith("image/")) {

@@ -13,9 +13,6 @@ using namespace Qt::StringLiterals;
 const auto kScheme = u"tarnquill-doc"_s;
 const auto kHost = u"document"_s;
 
-// Protects the program's memory: nobody looks at pictures beyond this.
-constexpr qint64 kLargestImage = qint64{256} << 20U;
-
 } // namespace
 
 QUrl addressOf(const QString& folder) {

@@ -9,6 +9,9 @@
 
 namespace tarnquill::MarkdownLocalImages {
 
+// Protects the program's memory: nobody looks at pictures beyond this.
+inline constexpr qint64 kLargestImage = qint64{256} << 20U; // bytes
+
 struct Image {
     QByteArray bytes;
     QByteArray mimeType;

@@ -26,7 +26,10 @@ bool allowsRequest(const QUrl& url, WebPage::Resource kind) {
     return kind == WebPage::Resource::image && std::ranges::find(kSchemes, url.scheme()) != kSchemes.end();
 }
 
-// A box of a task is disabled and hears nothing: the click is its item's. On paper nothing can be scrolled to.
+// Longer than the page takes for any but the longest documents.
+constexpr qint64 kPatience = 3000; // ms
+
+// A box of a task is disabled and hears nothing: the click is its item's. Paper cannot be scrolled.
 constexpr auto kPageScript = R"(
 document.addEventListener('click', ({ target, clientX, clientY }) => {
     const item = target.closest('.task-list-item');
@@ -113,7 +116,17 @@ void MarkdownPreviewView::setFolder(const QString& folder) {
 
 void MarkdownPreviewView::setBody(const Rendering& rendering) {
     m_body = rendering;
+    if (isStuck()) {
+        m_awaitsLayout = false;
+        m_shown.reset();
+        restartPage();
+    }
     pushBody();
+}
+
+bool MarkdownPreviewView::isStuck() const {
+    return m_awaitsLayout && m_shown != nullptr && m_awaiting.hasExpired(kPatience) &&
+           m_body->html.size() < m_shown->html.size() / 2;
 }
 
 void MarkdownPreviewView::pushBody() {
@@ -123,9 +136,11 @@ void MarkdownPreviewView::pushBody() {
     if (m_shown == nullptr || m_shown->html != m_body->html) {
         run(m_body->update);
         m_awaitsLayout = true;
+        m_awaiting.start();
     } else if (m_shown->lineCount != m_body->lineCount) {
         run(u"setLineCount("_s + QString::number(m_body->lineCount) + u")"_s);
         m_awaitsLayout = true;
+        m_awaiting.start();
     }
     m_shown = m_body;
 }

@@ -7,6 +7,8 @@
 #include "markdown/MarkdownPreviewMessage.h"
 #include "markdown/MarkdownToolViewModel.h"
 
+#include <QElapsedTimer>
+
 namespace tarnquill {
 
 class MarkdownFolderAccess;
@@ -21,6 +23,7 @@ public:
     explicit MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent = nullptr);
 
     // Shows the document, or the newest of several: the page gets the next one when it has laid out the last.
+    // A page that is long at work on one begins anew for one that is much shorter.
     void setBody(const Rendering& rendering);
     // The folder that relative addresses of images start at; may be empty.
     void setFolder(const QString& folder);
@@ -48,6 +51,7 @@ Q_SIGNALS:
     void taskClicked(int line);
 
 private:
+    [[nodiscard]] bool isStuck() const;
     void pushBody();
     void receive(const QString& handler, const QJsonValue& body);
     void take(const MarkdownPreviewMessage::Layout& layout);
@@ -56,6 +60,7 @@ private:
     Rendering m_body;
     Rendering m_shown; // what the page has; null while it has nothing
     bool m_awaitsLayout = false;
+    QElapsedTimer m_awaiting;
     std::optional<MarkdownLineMap> m_map;
     double m_scrollY = 0;
     double m_viewportHeight = 0;

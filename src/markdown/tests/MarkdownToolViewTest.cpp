@@ -169,6 +169,15 @@ TEST_F(MarkdownToolViewTest, BringsTheDocumentBackWhenThePagesProcessHasDied) {
     EXPECT_EQ(bodyText(), u"still here"_s);
 }
 
+TEST_F(MarkdownToolViewTest, ShowsAShortDocumentWhileThePageIsStillAtWorkOnALongOne) {
+    preview().run(u"for (;;) {}"_s);
+    editor().replaceAll(TextBuffer(u"a very long document, as it were"));
+    ASSERT_TRUE(waitUntil([&] { return !model.renderingTask().isPending(); }));
+    letEventsPass(4000);
+    EXPECT_TRUE(setText(u"short"));
+    EXPECT_EQ(bodyText(), u"short"_s);
+}
+
 TEST_F(MarkdownToolViewTest, AsksBeforeItReloadsAFileThatHasChanged) {
     const QTemporaryDir folder;
     open(folder.filePath(u"a.md"_s), "one");
@@ -204,6 +213,12 @@ TEST_F(MarkdownToolViewTest, GoesToTheHeadingThatIsPickedWhetherOrNotTheSourceSh
     pick(20);
     EXPECT_NEAR(editor().lineAt(0), 120, 0.1);
     EXPECT_NEAR(inPage(topOfHeading.arg(20)).toDouble(), 0, 60);
+    named<PaneButton>(u"Outline"_s).click();
+    auto& list = named<QListWidget>(u"Headings"_s);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(15)).center());
+    ASSERT_TRUE(settle());
+    EXPECT_NEAR(editor().lineAt(0), 90, 0.1);
+    EXPECT_FALSE(list.isVisible());
     view.setSourceShown(false);
     pick(10);
     EXPECT_NEAR(inPage(topOfHeading.arg(10)).toDouble(), 0, 2);
