@@ -171,7 +171,7 @@ TEST_F(MarkdownToolViewTest, BringsTheDocumentBackWhenThePagesProcessHasDied) {
 
 TEST_F(MarkdownToolViewTest, ShowsAShortDocumentWhileThePageIsStillAtWorkOnALongOne) {
     preview().run(u"for (;;) {}"_s);
-    editor().replaceAll(TextBuffer(std::u16string(1000, u'x')));
+    model.setText(TextBuffer(std::u16string(1000, u'x')));
     ASSERT_TRUE(waitUntil([&] { return !model.renderingTask().isPending(); }));
     letEventsPass(4000);
     EXPECT_TRUE(setText(u"short"));
