@@ -1,6 +1,7 @@
 #include "chrome/TextView.h"
 
 #include "chrome/AccessibleTextView.h"
+#include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "common/TextNavigation.h"
 
@@ -46,6 +47,7 @@ TextView::TextView(QWidget* parent) : QAbstractScrollArea(parent) {
     connect(&m_settle, &QTimer::timeout, this, &TextView::settleRows);
     connect(&m_blink, &CaretBlink::blinked, this, &TextView::updateCaret);
     connect(&Theme::instance(), &Theme::changed, viewport(), qOverload<>(&QWidget::update));
+    connect(&EditorOptions::instance(), &EditorOptions::changed, this, &TextView::updateFont);
     updateFont();
 }
 
@@ -221,13 +223,14 @@ void TextView::setPlaceholderText(const QString& text) {
 // --- layout and scrolling
 // -------------------------------------------------------------------------------------------
 
-QFont TextView::zoomed(QFont font) const {
+QFont TextView::zoomed(const QFont& themeFont) const {
+    auto font = EditorOptions::instance().applied(themeFont);
     font.setPixelSize(std::clamp(font.pixelSize() + m_zoom, kSmallestType, kLargestType));
     return font;
 }
 
 void TextView::setZoom(int steps) {
-    const auto size = Theme::instance().font(FontRole::editor).pixelSize();
+    const auto size = EditorOptions::instance().fontSize();
     steps = std::clamp(steps, kSmallestType - size, kLargestType - size);
     if (steps == m_zoom) {
         return;

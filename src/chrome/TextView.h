@@ -147,7 +147,7 @@ protected:
     // read-only.
     void edit(TextRange range, std::u16string_view text, UndoHistory::Edit kind = UndoHistory::Edit::other);
     void edit(TextRange range, std::u16string_view text, TextSelection selection, UndoHistory::Edit kind);
-    [[nodiscard]] QFont zoomed(QFont font) const;
+    [[nodiscard]] QFont zoomed(const QFont& themeFont) const;
     // To be called when gutterWidth() may have changed.
     void updateColumns();
     // Shows where dropped text would go.

@@ -44,8 +44,11 @@ void Theme::install(QApplication& application) {
 }
 
 void Theme::setAppearance(Appearance appearance) {
-    m_appearance = appearance;
+    const bool isOther = std::exchange(m_appearance, appearance) != appearance;
     resolveAndTell();
+    if (isOther) {
+        Q_EMIT appearanceChanged();
+    }
 }
 
 void Theme::resolveAndTell() {

@@ -139,6 +139,8 @@ public:
 Q_SIGNALS:
     // Colours have changed. Widgets are repainted anyway; for whatever keeps a colour.
     void changed();
+    // Another appearance was chosen, which may look the same.
+    void appearanceChanged();
 
 private:
     friend class ChromeStyle;

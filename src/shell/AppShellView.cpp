@@ -34,9 +34,9 @@ const QString kSidebarWidth = u"sidebarWidth"_s;
 
 } // namespace
 
-AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings, QWidget* parent)
-    : QWidget(parent),
-      m_catalogue(catalogue),
+AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings,
+                           const SupportPrompt::Clock& clock)
+    : m_catalogue(catalogue),
       m_settings(settings),
       m_host(catalogue, settings),
       m_sidebar(new SidebarView(catalogue)),
@@ -59,6 +59,7 @@ AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings, 
                                       return !urls.isEmpty();
                                   },
                               .targeted = [this](bool isTarget) { toolView().setDropTarget(isTarget); }});
+    new SupportPrompt(this, m_host.supportPrompt(), clock);
     restore();
 }
 

@@ -1,6 +1,7 @@
 // The main window's content: the sidebar, the selected tool, and the way of files to the tools.
 #pragma once
 
+#include "shell/SupportPrompt.h"
 #include "shell/ToolHost.h"
 
 #include <QHash>
@@ -24,7 +25,8 @@ class AppShellView : public QWidget {
 public:
     // Restores the window's place and selected tool from the settings and keeps them there. The catalogue and
     // the settings must outlive the view.
-    AppShellView(const ToolCatalogue& catalogue, QSettings& settings, QWidget* parent = nullptr);
+    AppShellView(const ToolCatalogue& catalogue, QSettings& settings,
+                 const SupportPrompt::Clock& clock = &QDateTime::currentDateTime);
     ~AppShellView() override;
 
     [[nodiscard]] const ToolCatalogue& catalogue() const { return m_catalogue; }

@@ -2,6 +2,7 @@
 
 #include "chrome/ToolView.h"
 #include "shell/AppShellView.h"
+#include "shell/SettingsWindow.h"
 
 #include <QCoreApplication>
 
@@ -19,6 +20,12 @@ FileCommands::FileCommands(AppShellView& window)
     connect(&m_window, &AppShellView::selectedToolChanged, this, &FileCommands::updateOpen);
     updateOpen();
 
+    addSeparator();
+    auto* const settings = addAction(tr("Settings…"), this, [this] {
+        SecondaryWindow::present<SettingsWindow>(m_window, m_window.host().timestamp());
+    });
+    settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
+    settings->setMenuRole(QAction::PreferencesRole);
     addSeparator();
     auto* const close = addAction(tr("Close Window"), &m_window, &QWidget::close);
     close->setShortcut(QKeySequence::Close);

@@ -8,6 +8,8 @@
 
 namespace tarnquill {
 
+const char* const LaunchOptions::kVersion = TARNQUILL_VERSION;
+
 std::expected<LaunchOptions, LaunchOptions::Exit> LaunchOptions::parse(int argc, const char* const* argv,
                                                                        const QDir& folder) {
     LaunchOptions options;
@@ -16,7 +18,7 @@ std::expected<LaunchOptions, LaunchOptions::Exit> LaunchOptions::parse(int argc,
     CLI::App app("Opens the Tarnquill window, or hands the files to the window that is already open.",
                  "tarnquill");
     app.add_option("FILE", files, "Files to open, each in the tool that accepts its extension");
-    app.set_version_flag("--version", "Tarnquill " TARNQUILL_VERSION);
+    app.set_version_flag("--version", std::string("Tarnquill ") + kVersion);
     app.add_flag("--quit-after-first-paint", options.quitAfterFirstPaint,
                  "Open a window of its own and end once it is painted: for measuring the start");
     try {

@@ -10,6 +10,8 @@
 namespace tarnquill {
 
 struct LaunchOptions {
+    static const char* const kVersion; // of the program
+
     QStringList files; // absolute paths
     bool quitAfterFirstPaint = false;
 

@@ -3,6 +3,7 @@
 #include "shell/BuiltInTools.h"
 #include "shell/EditCommands.h"
 #include "shell/FileCommands.h"
+#include "shell/HelpCommands.h"
 #include "shell/LaunchRequest.h"
 #include "shell/ViewCommands.h"
 
@@ -12,16 +13,17 @@
 
 namespace tarnquill {
 
-TarnquillApp::TarnquillApp(QSettings& settings) : m_window(builtInTools(), settings) {
-    addMenus(settings);
+TarnquillApp::TarnquillApp(QSettings& settings)
+    : m_preferences(settings), m_window(builtInTools(), settings) {
+    addMenus();
     qApp->installEventFilter(this);
 }
 
 // Where the desktop shows the menus of the active window in one place, they go there; elsewhere the sidebar
 // has a button for them.
-void TarnquillApp::addMenus(QSettings& settings) {
-    const QList<QMenu*> menus{new FileCommands(m_window), new EditCommands(m_window),
-                              new ViewCommands(m_window, settings)};
+void TarnquillApp::addMenus() {
+    QList<QMenu*> menus{new FileCommands(m_window), new EditCommands(m_window), new ViewCommands(m_window)};
+    menus.append(new HelpCommands(m_window, menus));
     auto* const bar = new QMenuBar(&m_window);
     if (bar->isNativeMenuBar()) {
         for (auto* const menu : menus) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shell/AppShellView.h"
+#include "shell/Preferences.h"
 
 #include <QMenu>
 #include <QObject>
@@ -28,8 +29,9 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void addMenus(QSettings& settings);
+    void addMenus();
 
+    Preferences m_preferences;
     AppShellView m_window;
     QMenu m_menu;
 };

@@ -19,7 +19,7 @@ QString pathExtension(const QUrl& url) {
 }
 
 ToolHost::ToolHost(const ToolCatalogue& catalogue, QSettings& settings, QObject* parent)
-    : QObject(parent), m_catalogue(catalogue), m_timestamp(settings) {}
+    : QObject(parent), m_catalogue(catalogue), m_timestamp(settings), m_supportPrompt(settings) {}
 
 std::optional<QString> ToolHost::open(const QUrl& url) {
     const auto* const tool = m_catalogue.toolForExtension(pathExtension(url));

@@ -7,6 +7,7 @@
 #include "jwt/JWTToolViewModel.h"
 #include "markdown/MarkdownToolViewModel.h"
 #include "mermaid/MermaidToolViewModel.h"
+#include "shell/SupportPromptController.h"
 #include "timestamp/TimestampToolViewModel.h"
 #include "json/JSONToolViewModel.h"
 
@@ -47,6 +48,8 @@ public:
     [[nodiscard]] JWTToolViewModel& jwt() { return m_jwt; }
     [[nodiscard]] TimestampToolViewModel& timestamp() { return m_timestamp; }
 
+    [[nodiscard]] SupportPromptController& supportPrompt() { return m_supportPrompt; }
+
 private:
     const ToolCatalogue& m_catalogue;
     MarkdownToolViewModel m_markdown;
@@ -56,6 +59,7 @@ private:
     TimestampToolViewModel m_timestamp;
     CodecToolViewModel m_codec;
     JWTToolViewModel m_jwt;
+    SupportPromptController m_supportPrompt;
 };
 
 } // namespace tarnquill

@@ -7,47 +7,17 @@
 #include "shell/ToolCommandAction.h"
 
 #include <QActionGroup>
-#include <QSettings>
-
-#include <array>
 
 namespace tarnquill {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString kAppearance = u"appearance"_s;
-const QString kLineNumbers = u"lineNumbers"_s;
-const QString kWrapLines = u"wrapLines"_s;
-
-// Appearances by the name that the settings keep.
-const std::array kAppearances{
-    std::pair{u"system"_s, Appearance::system},
-    std::pair{u"light"_s, Appearance::light},
-    std::pair{u"dark"_s, Appearance::dark},
-};
-
-} // namespace
-
-ViewCommands::ViewCommands(AppShellView& window, QSettings& settings)
-    : QMenu(tr("View"), &window), m_window(window) {
+ViewCommands::ViewCommands(AppShellView& window) : QMenu(tr("View"), &window), m_window(window) {
     addTools();
     addSeparator();
     addSidebar();
     addSeparator();
-    addEditors(settings);
+    addEditors();
     addSeparator();
-    addAppearances(settings);
-}
-
-void ViewCommands::restoreAppearance(const QSettings& settings) {
-    const auto stored = settings.value(kAppearance).toString();
-    for (const auto& [name, appearance] : kAppearances) {
-        if (name == stored) {
-            Theme::instance().setAppearance(appearance);
-        }
-    }
+    addAppearances();
 }
 
 void ViewCommands::addTools() {
@@ -87,42 +57,43 @@ void ViewCommands::addSidebar() {
     update(m_window.isSidebarShown());
 }
 
-void ViewCommands::addEditors(QSettings& settings) {
+void ViewCommands::addEditors() {
     addToolCommand(*this, m_window, ToolCommand::zoomIn, tr("Zoom In"),
                    {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal});
     addToolCommand(*this, m_window, ToolCommand::zoomOut, tr("Zoom Out"), {Qt::CTRL | Qt::Key_Minus});
     addToolCommand(*this, m_window, ToolCommand::resetZoom, tr("Actual Size"), {Qt::CTRL | Qt::Key_0});
-    const auto addOption = [&](const QString& title, const QString& key,
-                               void (EditorOptions::*set)(bool isOn)) {
+    const auto addOption = [this](const QString& title, bool (EditorOptions::*isOn)() const,
+                                  void (EditorOptions::*set)(bool)) {
         auto* const action = addAction(title);
-        const auto stored = settings.value(key, true).toBool();
-        (EditorOptions::instance().*set)(stored);
         action->setCheckable(true);
-        action->setChecked(stored);
-        connect(action, &QAction::toggled, this, [&settings, key, set](bool isOn) {
-            settings.setValue(key, isOn);
-            (EditorOptions::instance().*set)(isOn);
-        });
+        const auto show = [action, isOn] { action->setChecked((EditorOptions::instance().*isOn)()); };
+        connect(&EditorOptions::instance(), &EditorOptions::changed, action, show);
+        connect(action, &QAction::toggled, action,
+                [set](bool checked) { (EditorOptions::instance().*set)(checked); });
+        show();
     };
-    addOption(tr("Line Numbers"), kLineNumbers, &EditorOptions::setLineNumbersVisible);
-    addOption(tr("Wrap Lines"), kWrapLines, &EditorOptions::setWrapsLines);
+    addOption(tr("Line Numbers"), &EditorOptions::showsLineNumbers, &EditorOptions::setLineNumbersVisible);
+    addOption(tr("Wrap Lines"), &EditorOptions::wrapsLines, &EditorOptions::setWrapsLines);
 }
 
-void ViewCommands::addAppearances(QSettings& settings) {
+void ViewCommands::addAppearances() {
     auto* const menu = addMenu(tr("Appearance"));
     auto* const group = new QActionGroup(menu);
-    const QStringList titles{tr("System"), tr("Light"), tr("Dark")};
-    for (size_t index = 0; index < kAppearances.size(); ++index) {
-        const auto& [name, appearance] = kAppearances[index];
-        auto* const action = menu->addAction(titles.at(static_cast<int>(index)));
+    const auto add = [&](const QString& title, Appearance appearance) {
+        auto* const action = menu->addAction(title);
         action->setCheckable(true);
-        action->setChecked(appearance == Theme::instance().appearance());
         group->addAction(action);
-        connect(action, &QAction::triggered, this, [&settings, name, appearance] {
-            settings.setValue(kAppearance, name);
-            Theme::instance().setAppearance(appearance);
-        });
-    }
+        connect(action, &QAction::triggered, action,
+                [appearance] { Theme::instance().setAppearance(appearance); });
+        const auto show = [action, appearance] {
+            action->setChecked(appearance == Theme::instance().appearance());
+        };
+        connect(&Theme::instance(), &Theme::appearanceChanged, action, show);
+        show();
+    };
+    add(tr("System"), Appearance::system);
+    add(tr("Light"), Appearance::light);
+    add(tr("Dark"), Appearance::dark);
 }
 
 } // namespace tarnquill

@@ -3,8 +3,6 @@
 
 #include <QMenu>
 
-class QSettings;
-
 namespace tarnquill {
 
 class AppShellView;
@@ -13,17 +11,13 @@ class ViewCommands : public QMenu {
     Q_OBJECT
 
 public:
-    // What is chosen is kept in the settings, which must outlive the menu.
-    ViewCommands(AppShellView& window, QSettings& settings);
-
-    // Gives the theme the appearance that was chosen last.
-    static void restoreAppearance(const QSettings& settings);
+    explicit ViewCommands(AppShellView& window);
 
 private:
     void addTools();
     void addSidebar();
-    void addEditors(QSettings& settings);
-    void addAppearances(QSettings& settings);
+    void addEditors();
+    void addAppearances();
 
     AppShellView& m_window;
 };

@@ -4,7 +4,6 @@
 #include "shell/LaunchOptions.h"
 #include "shell/SingleInstance.h"
 #include "shell/TarnquillApp.h"
-#include "shell/ViewCommands.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -38,7 +37,6 @@ int main(int argc, char** argv) {
     }
 
     QSettings settings;
-    ViewCommands::restoreAppearance(settings);
     Theme::instance().install(application);
     TarnquillApp app(settings);
     QObject::connect(&instance, &SingleInstance::received, &app, &TarnquillApp::open);

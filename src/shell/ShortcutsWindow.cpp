@@ -1,0 +1,99 @@
+#include "shell/ShortcutsWindow.h"
+
+#include "chrome/TextLabel.h"
+
+#include <QGridLayout>
+#include <QMenu>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace tarnquill {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString keysOf(const QAction& action) {
+    QStringList keys;
+    for (const auto& key : action.shortcuts()) {
+        keys.append(key.toString(QKeySequence::NativeText));
+    }
+    return keys.join(u", "_s);
+}
+
+QString native(const QString& key) {
+    return QKeySequence(key).toString(QKeySequence::NativeText);
+}
+
+// A column of names and one of keys, in groups.
+class Table : public QWidget {
+public:
+    Table() : m_grid(new QGridLayout(this)) {
+        m_grid->setContentsMargins(24, 12, 24, 20);
+        m_grid->setHorizontalSpacing(32);
+        m_grid->setVerticalSpacing(4);
+        m_grid->setColumnStretch(0, 1);
+        setBackgroundRole(QPalette::Base);
+        setAutoFillBackground(true);
+    }
+
+    void addGroup(const QString& title) {
+        m_grid->addItem(new QSpacerItem(0, 8), m_grid->rowCount(), 0);
+        m_grid->addWidget(new TextLabel(title, FontRole::groupTitle, ColorRole::muted), m_grid->rowCount(),
+                          0);
+    }
+
+    void add(const QString& name, const QString& keys) {
+        const auto row = m_grid->rowCount();
+        m_grid->addWidget(new TextLabel(name, FontRole::body, ColorRole::text), row, 0);
+        m_grid->addWidget(new TextLabel(keys, FontRole::body, ColorRole::muted), row, 1);
+    }
+
+    void addMenu(const QMenu& menu) {
+        for (const auto* const action : menu.actions()) {
+            if (const auto keys = keysOf(*action); !keys.isEmpty()) {
+                add(action->text(), keys);
+            }
+        }
+    }
+
+private:
+    QGridLayout* m_grid;
+};
+
+} // namespace
+
+ShortcutsWindow::ShortcutsWindow(QWidget* mainWindow, const QList<QMenu*>& menus)
+    : SecondaryWindow(tr("Keyboard Shortcuts"), mainWindow) {
+    resize(440, 560);
+    auto* const table = new Table;
+    for (const auto* const menu : menus) {
+        table->addGroup(menu->title());
+        table->addMenu(*menu);
+    }
+    table->addGroup(tr("In an Editor"));
+    const std::array kInEditors{
+        std::pair{tr("Indent the selected lines"), native(u"Tab"_s)},
+        std::pair{tr("Take back an indentation"), native(u"Shift+Tab"_s)},
+        std::pair{tr("Leave the editor"), native(u"Ctrl+Tab"_s)},
+    };
+    for (const auto& [name, keys] : kInEditors) {
+        table->add(name, keys);
+    }
+    table->addGroup(tr("Anywhere"));
+    table->add(tr("Open the menus"), native(u"F10"_s));
+    table->add(tr("Go to the next control"), native(u"Tab"_s));
+
+    auto* const scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setAccessibleName(windowTitle());
+    scroll->setWidget(table);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(scroll);
+}
+
+} // namespace tarnquill
