@@ -10,8 +10,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "developer's window for JSON, CSV, Markdown, diagrams and tokens")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
-Paste, type, drop or open a text, and Tarnquill shows it in a form that can
+    "Paste, type, drop or open a text, and Tarnquill shows it in a form that can
 be read, at once and on this machine: nothing is sent anywhere. One window
 holds tools for Markdown, Mermaid diagrams, JSON, CSV tables, timestamps,
 encodings and JSON Web Tokens.
@@ -24,9 +23,11 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# The linked libraries are found by dpkg-shlibdeps; the web engine also runs a program of its own with data beside it.
+# The linked libraries are found by dpkg-shlibdeps; the web engine also runs a program of its own with data beside it. The
+# typefaces are in the programs, but web pages take theirs from the system.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6webenginecore6-bin, libqt6webengine6-data, hicolor-icon-theme")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "libqt6webenginecore6-bin, libqt6webengine6-data, hicolor-icon-theme, fonts-inter, fonts-jetbrains-mono")
 # Wayland sessions, file dialogs and appearance as the desktop has them, and the images of the web in Markdown.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-desktop-portal, ca-certificates")
 
