@@ -260,7 +260,7 @@ void CSVGrid::selectionChanged(const QItemSelection& selected, const QItemSelect
     }
     m_isScattered = false;
     m_selectedColumns.reset();
-    CSVRowSet rows;
+    CSVIndexSet rows;
     const auto ranges = selectionModel()->selection();
     auto areWholeRows = true;
     auto firstSection = m_table.columnCount();

@@ -1,6 +1,7 @@
 #include "csv/CSVParser.h"
 
 #include "common/LargeString.h"
+#include "common/TextDecoding.h"
 #include "csv/CSVBlocks.h"
 #include "csv/CSVNumber.h"
 
@@ -8,14 +9,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace tarnquill::CSVParser {
 
 namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // The characters that end a run of plain ones: two or three, told by comparing a block of text at once.
 class StopCharacters {
@@ -52,10 +50,6 @@ private:
 
     std::array<char, 3> m_characters;
 };
-
-std::string_view withoutMark(std::string_view text) {
-    return text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
-}
 
 // The first character after the line end (LF, CR or CR LF) that begins at `at`.
 const char* afterLineEnd(const char* at, const char* end) {
@@ -196,7 +190,7 @@ private:
 };
 
 Document parse(std::string_view text, const Options& options, const std::stop_token& stop) {
-    const auto content = withoutMark(text);
+    const auto content = withoutByteOrderMark(text);
     const auto delimiter = options.delimiter ? *options.delimiter : detectDelimiter(content);
     return DocumentBuilder(content, delimiter, stop).build(options.header);
 }
@@ -236,7 +230,7 @@ char detectDelimiter(std::string_view text) {
             isEmpty = true;
         }
     };
-    for (const auto character : withoutMark(text)) {
+    for (const auto character : text) {
         if (!isQuoted && (character == '\n' || character == '\r')) {
             finishRecord();
             if (sample.size() == kSampleRecords) {

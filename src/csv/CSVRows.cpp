@@ -1,11 +1,10 @@
 #include "csv/CSVRows.h"
 
+#include "csv/CSVColumnMatch.h"
 #include "csv/CSVSubstring.h"
 
 #include <algorithm>
 #include <numeric>
-#include <optional>
-#include <unordered_map>
 
 namespace tarnquill::CSVRows {
 
@@ -36,14 +35,8 @@ class RowSearch {
 public:
     RowSearch(const CSVParser::Document& document, const Query& query, const std::string& locale)
         : m_document(document),
-          m_wanted(query.searchQuery, CSVSubstring::Comparison::locale, locale),
-          m_isHidden(document.columnCount()) {
-        for (const auto column : query.hiddenColumns) {
-            if (column < m_isHidden.size()) {
-                m_isHidden[column] = true;
-            }
-        }
-    }
+          m_hidden(query.hiddenColumns),
+          m_wanted(query.searchQuery, CSVSubstring::Comparison::locale, locale) {}
 
     [[nodiscard]] bool isIn(RowID row) const {
         const auto text = m_document.rowText(row);
@@ -59,12 +52,12 @@ private:
     [[nodiscard]] bool isInVisibleCell(const TextRange& match, std::span<const std::uint32_t> bounds) const {
         const auto cellEnd = std::ranges::upper_bound(bounds, bounds.front() + match.location);
         const auto column = static_cast<std::size_t>(cellEnd - bounds.begin()) - 1;
-        return bounds.front() + match.end() <= *cellEnd && !m_isHidden[column];
+        return bounds.front() + match.end() <= *cellEnd && !m_hidden.contains(column);
     }
 
     const CSVParser::Document& m_document;
+    const CSVIndexSet& m_hidden;
     CSVSubstring m_wanted;
-    std::vector<bool> m_isHidden;
 };
 
 } // namespace
@@ -96,6 +89,7 @@ std::vector<RowID> visibleRows(const CSVParser::Document& document, const Query&
 
 std::vector<std::size_t> visibleColumns(const CSVParser::Document& document, const Query& query) {
     std::vector<std::size_t> columns;
+    columns.reserve(query.hiddenColumns.empty() ? document.columnCount() : 0);
     for (std::size_t column = 0; column < document.columnCount(); ++column) {
         if (!query.hiddenColumns.contains(column)) {
             columns.push_back(column);
@@ -110,32 +104,19 @@ Query carriedOver(const Query& query, const CSVParser::Document& from, const CSV
     if (query.columnFilters.empty() && query.sortOrder.empty() && query.hiddenColumns.empty()) {
         return result;
     }
-    std::unordered_map<std::string, std::vector<std::size_t>> columnsByName;
-    for (std::size_t column = 0; column < to.columnCount(); ++column) {
-        columnsByName[to.column(column).name].push_back(column);
-    }
-    // Of each column of the first table, in order.
-    std::vector<std::optional<std::size_t>> successors;
-    std::unordered_map<std::string, std::size_t> seen;
-    for (std::size_t column = 0; column < from.columnCount(); ++column) {
-        const auto name = from.column(column).name;
-        const auto occurrence = seen[name]++;
-        const auto found = columnsByName.find(name);
-        const auto exists = found != columnsByName.end() && occurrence < found->second.size();
-        successors.push_back(exists ? std::optional(found->second[occurrence]) : std::nullopt);
-    }
+    const CSVColumnMatch match(from, to);
     for (const auto& [column, filter] : query.columnFilters) {
-        if (const auto successor = successors[column]) {
+        if (const auto successor = match.of(column)) {
             result.columnFilters.emplace(*successor, filter);
         }
     }
     for (const auto& [column, ascending] : query.sortOrder) {
-        if (const auto successor = successors[column]) {
+        if (const auto successor = match.of(column)) {
             result.sortOrder.push_back({.columnID = *successor, .ascending = ascending});
         }
     }
-    for (const auto column : query.hiddenColumns) {
-        if (const auto successor = successors[column]) {
+    for (std::size_t column = 0; column < from.columnCount(); ++column) {
+        if (const auto successor = match.of(column); successor && query.hiddenColumns.contains(column)) {
             result.hiddenColumns.insert(*successor);
         }
     }

@@ -2,12 +2,12 @@
 // several columns.
 #pragma once
 
+#include "csv/CSVIndexSet.h"
 #include "csv/CSVParser.h"
 #include "csv/CSVSort.h"
 
 #include <cstddef>
 #include <map>
-#include <set>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -18,7 +18,7 @@ struct Query {
     std::map<std::size_t, std::string> columnFilters{}; // by column; a blank text filters nothing
     std::string searchQuery{};                          // looked for in the columns that are not hidden
     CSVSort::Order sortOrder{};
-    std::set<std::size_t> hiddenColumns{};
+    CSVIndexSet hiddenColumns{};
 
     friend bool operator==(const Query&, const Query&) = default;
 };
@@ -38,9 +38,8 @@ struct Query {
 [[nodiscard]] std::vector<std::size_t> visibleColumns(const CSVParser::Document& document,
                                                       const Query& query);
 
-// The query for another table, or for the same one read in another way: a column is taken for the one with
-// the same name (the second of that name for the second one), and what belongs to a column that is gone is
-// dropped.
+// The query for another table: what belongs to a column goes over to the one that stands for it there (see
+// CSVColumnMatch), or is dropped.
 [[nodiscard]] Query carriedOver(const Query& query, const CSVParser::Document& from,
                                 const CSVParser::Document& to);
 

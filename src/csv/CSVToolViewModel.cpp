@@ -1,11 +1,11 @@
 #include "csv/CSVToolViewModel.h"
 
 #include "common/TextFile.h"
+#include "csv/CSVColumnMatch.h"
 
 #include <algorithm>
 #include <chrono>
 #include <iterator>
-#include <unordered_set>
 #include <utility>
 
 namespace tarnquill {
@@ -43,19 +43,6 @@ std::optional<char> delimiterOf(CSVToolViewModel::DelimiterChoice choice) {
     std::unreachable();
 }
 
-bool haveColumnInCommon(const Document& first, const Document& second) {
-    std::unordered_set<std::string> names;
-    for (std::size_t column = 0; column < first.columnCount(); ++column) {
-        names.insert(first.column(column).name);
-    }
-    for (std::size_t column = 0; column < second.columnCount(); ++column) {
-        if (names.contains(second.column(column).name)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 // A text that was read: its table, and the query as far as the table has its columns.
@@ -67,6 +54,7 @@ struct CSVToolViewModel::Parsed {
     CSVRows::Query oldQuery;
     CSVRows::Query query;
     std::shared_ptr<const Rows> rows;
+    std::vector<std::size_t> columns; // that are visible
     bool keepsSelection = false;
 };
 
@@ -154,8 +142,8 @@ void CSVToolViewModel::startParsing() {
             const auto newQuery = CSVRows::carriedOver(query, *oldDocument, *document);
             auto rows = std::make_shared<const Rows>(CSVRows::visibleRows(*document, newQuery, {}, stop));
             const auto isSameFile = !source->filePath.isEmpty() && source->filePath == oldSource.filePath;
-            const auto keepsSelection =
-                (source->text == oldSource.text || isSameFile) && haveColumnInCommon(*oldDocument, *document);
+            const auto keepsSelection = (source->text == oldSource.text || isSameFile) &&
+                                        !CSVColumnMatch(*oldDocument, *document).empty();
             return Parsed{.source = std::move(*source),
                           .isUndone = request.isUndone,
                           .options = options,
@@ -163,6 +151,7 @@ void CSVToolViewModel::startParsing() {
                           .oldQuery = query,
                           .query = newQuery,
                           .rows = std::move(rows),
+                          .columns = CSVRows::visibleColumns(*document, newQuery),
                           .keepsSelection = keepsSelection};
         },
         [this](std::expected<Parsed, QString>&& parsed) {
@@ -204,11 +193,16 @@ void CSVToolViewModel::publish(Parsed&& parsed) {
         m_otherSource = std::exchange(m_source, std::move(parsed.source));
         m_isUndone = parsed.isUndone;
     }
-    const auto hasChangedMeanwhile = m_query != parsed.oldQuery;
     const auto oldDocument = std::exchange(m_document, std::move(parsed.document));
-    m_query = hasChangedMeanwhile ? CSVRows::carriedOver(m_query, *oldDocument, *m_document) : parsed.query;
-    m_publishedQuery = std::move(parsed.query);
     m_visibleRows = std::move(parsed.rows);
+    m_visibleColumns = std::move(parsed.columns);
+    if (m_query == parsed.oldQuery) {
+        m_query = parsed.query;
+    } else { // it has changed meanwhile
+        m_query = CSVRows::carriedOver(m_query, *oldDocument, *m_document);
+        updateVisibleColumns();
+    }
+    m_publishedQuery = std::move(parsed.query);
     if (parsed.keepsSelection) {
         m_selection.limitTo(m_document->rowCount());
     } else {
@@ -216,7 +210,6 @@ void CSVToolViewModel::publish(Parsed&& parsed) {
     }
     m_publishedOptions = parsed.options;
     m_parseError.clear();
-    updateVisibleColumns();
     countSelectedRows();
     Q_EMIT documentChanged();
     if (m_query != m_publishedQuery) {
@@ -293,15 +286,13 @@ void CSVToolViewModel::setHidden(std::size_t column, bool hidden) {
 
 void CSVToolViewModel::showAllColumns() {
     auto changed = m_query;
-    changed.hiddenColumns.clear();
+    changed.hiddenColumns = {};
     changeQuery(changed, 0ms);
 }
 
 void CSVToolViewModel::hideAllColumns() {
     auto changed = m_query;
-    for (std::size_t column = 0; column < m_document->columnCount(); ++column) {
-        changed.hiddenColumns.insert(column);
-    }
+    changed.hiddenColumns = CSVIndexSet::all(m_document->columnCount());
     changeQuery(changed, 0ms);
 }
 
@@ -349,7 +340,7 @@ void CSVToolViewModel::updateVisibleRows(std::chrono::milliseconds delay) {
         });
 }
 
-void CSVToolViewModel::setSelection(const CSVRowSet& selection) {
+void CSVToolViewModel::setSelection(const CSVIndexSet& selection) {
     m_selection = selection;
     countSelectedRows();
     Q_EMIT selectionChanged();

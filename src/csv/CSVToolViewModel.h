@@ -5,7 +5,7 @@
 
 #include "common/LatestTask.h"
 #include "csv/CSVCopy.h"
-#include "csv/CSVRowSet.h"
+#include "csv/CSVIndexSet.h"
 #include "csv/CSVRows.h"
 #include "csv/CSVText.h"
 
@@ -68,7 +68,7 @@ public:
     // The rows of the latest query that has finished.
     [[nodiscard]] const std::shared_ptr<const Rows>& visibleRows() const { return m_visibleRows; }
 
-    [[nodiscard]] const CSVRowSet& selection() const { return m_selection; }
+    [[nodiscard]] const CSVIndexSet& selection() const { return m_selection; }
     // Only the selected rows that are visible.
     [[nodiscard]] std::size_t selectedRowCount() const { return m_selectedRowCount; }
 
@@ -102,7 +102,7 @@ public:
     // Clears filters, search and sort.
     void reset();
 
-    void setSelection(const CSVRowSet& selection);
+    void setSelection(const CSVIndexSet& selection);
 
     [[nodiscard]] bool isWorking() const {
         return m_parseTask.isPending() || m_rowsTask.isPending() || m_copyTask.isPending();
@@ -181,7 +181,7 @@ private:
     CSVRows::Query m_publishedQuery; // the one that the visible rows answer
     std::vector<std::size_t> m_visibleColumns;
     std::shared_ptr<const Rows> m_visibleRows;
-    CSVRowSet m_selection;
+    CSVIndexSet m_selection;
     std::size_t m_selectedRowCount = 0;
     LatestTask m_parseTask;
     LatestTask m_rowsTask;

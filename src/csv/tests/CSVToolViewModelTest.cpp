@@ -62,7 +62,7 @@ protected:
     }
 
     void select(const std::vector<CSVParser::RowID>& rows) {
-        CSVRowSet selection;
+        CSVIndexSet selection;
         for (const auto row : rows) {
             selection.insert(row);
         }
