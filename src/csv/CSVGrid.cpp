@@ -3,6 +3,7 @@
 #include "chrome/Painting.h"
 #include "chrome/TableCellDelegate.h"
 #include "chrome/ToolTips.h"
+#include "csv/CSVColumnLayout.h"
 #include "csv/CSVHeader.h"
 
 #include <QClipboard>
@@ -23,17 +24,11 @@ using CSVParser::RowID;
 
 namespace {
 
-constexpr int kNarrowest = 80;
-constexpr int kWidest = 360;
 constexpr int kDefaultWidth = 120;
 constexpr std::size_t kTooltipLength = 600;
 
 // Qt compares every piece of a selection with every other one.
 constexpr qsizetype kMostPieces = 1000;
-
-FontRole fontOf(const CSVTableModel& table, int section) {
-    return table.isNumeric(section) ? FontRole::tableNumber : FontRole::body;
-}
 
 template <typename Value>
 void sortUnique(std::vector<Value>& values) {
@@ -50,7 +45,7 @@ public:
 
     [[nodiscard]] Look look(const QModelIndex& index) const override {
         const auto isNumeric = m_grid.m_table.isNumeric(index.column());
-        return {.font = fontOf(m_grid.m_table, index.column()),
+        return {.font = isNumeric ? FontRole::tableNumber : FontRole::body,
                 .color = ColorRole::text,
                 .alignment = isNumeric ? Qt::AlignRight : Qt::AlignLeft};
     }
@@ -82,13 +77,10 @@ CSVGrid::CSVGrid(CSVToolViewModel& tool, QWidget* parent) : DataTable(parent), m
     viewport()->setMouseTracking(true);
     makeHeader();
     setModel(&m_table);
+    m_layout = new CSVColumnLayout(m_table, *this);
     connect(&m_table, &CSVTableModel::modelReset, this, &CSVGrid::showTable);
-    connect(&m_table, &CSVTableModel::columnsInserted, this,
-            [this](const QModelIndex& /*parent*/, int first, int last) { restoreWidths(first, last); });
     connect(&m_table, &CSVTableModel::aboutToRearrange, this, [this] { m_isRearranging = true; });
     connect(&m_table, &CSVTableModel::rearranged, this, &CSVGrid::restoreSelection);
-    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &CSVGrid::fitVisibleColumns);
-    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &CSVGrid::fitVisibleColumns);
     connect(&tool, &CSVToolViewModel::selectionChanged, verticalHeader()->viewport(),
             qOverload<>(&QWidget::update));
     connect(this, &QAbstractItemView::doubleClicked, this, &CSVGrid::valueRequested);
@@ -105,12 +97,6 @@ void CSVGrid::makeHeader() {
     disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
     disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
     connect(header, &CSVHeader::columnMenuRequested, this, &CSVGrid::showColumnMenu);
-    connect(header, &QHeaderView::sectionResized, this,
-            [this, header](int section, int /*before*/, int width) {
-                if (header->visualIndex(section) != header->count() - 1) { // the last one is stretched
-                    m_widths[m_table.columnID(section)] = width;
-                }
-            });
 
     auto* const numbers = verticalHeader();
     numbers->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -131,72 +117,11 @@ QString CSVGrid::longestRowNumber() const {
 void CSVGrid::showTable() {
     if (m_shown != m_tool.document()->id()) {
         m_shown = m_tool.document()->id();
-        m_widths.clear();
         m_current.reset();
         scrollToTop();
         horizontalScrollBar()->setValue(0);
     }
-    restoreWidths(0, m_table.columnCount() - 1);
     restoreSelection();
-}
-
-void CSVGrid::restoreWidths(int first, int last) {
-    for (int section = first; section <= last; ++section) {
-        const auto known = m_widths.find(m_table.columnID(section));
-        if (known != m_widths.end()) {
-            setColumnWidth(section, known->second);
-        }
-    }
-    fitVisibleColumns();
-}
-
-// Columns are fitted when they come into view, for there may be a hundred thousand of them.
-void CSVGrid::fitVisibleColumns() {
-    const auto& header = *horizontalHeader();
-    constexpr int kFittedAtOnce = 100; // so that tables of usual width are laid out once
-    const auto areFew = header.count() <= kFittedAtOnce;
-    const auto right = areFew ? -1 : header.visualIndexAt(viewport()->width() - 1);
-    const auto last = right < 0 ? header.count() - 1 : std::min(right + 1, header.count() - 1);
-    const auto first = areFew ? 0 : std::max(header.visualIndexAt(0), 0);
-    for (int visual = first; visual <= last; ++visual) {
-        const auto section = header.logicalIndex(visual);
-        if (!m_widths.contains(m_table.columnID(section))) {
-            fitColumn(section);
-        }
-    }
-}
-
-// Goes by the longest of some cells from the whole table.
-void CSVGrid::fitColumn(int section) {
-    constexpr int kSample = 200;
-    constexpr std::size_t kMeasured = 10;
-    std::vector<std::string_view> cells;
-    const auto count = m_table.rowCount();
-    const auto step = std::max(1, count / kSample);
-    for (int row = 0; row < count; row += row < kSample / 2 ? 1 : step) {
-        cells.push_back(m_table.cell(m_table.index(row, section)));
-    }
-    std::ranges::sort(cells, [](std::string_view first, std::string_view second) {
-        return std::pair(first.size(), first) > std::pair(second.size(), second);
-    });
-    const auto [first, last] = std::ranges::unique(cells);
-    cells.erase(first, last);
-    cells.resize(std::min(cells.size(), kMeasured));
-
-    const auto font = fontOf(m_table, section);
-    auto width = horizontalHeader()->sectionSizeHint(section);
-    for (const auto cell : cells) {
-        width = std::max(width, TableCellDelegate::widthFor(CSVTableModel::lineText(cell), font));
-    }
-    width = std::clamp(width, kNarrowest, kWidest);
-    m_widths[m_table.columnID(section)] = width;
-    setColumnWidth(section, width);
-}
-
-void CSVGrid::moveColumn(int section, int distance) {
-    auto& header = *horizontalHeader();
-    const auto visual = header.visualIndex(section);
-    header.moveSection(visual, visual + distance);
 }
 
 bool CSVGrid::isRowSelected(int row) const {

@@ -6,12 +6,13 @@
 #include "csv/CSVTableModel.h"
 
 #include <optional>
-#include <unordered_map>
 #include <utility>
 
 class QMenu;
 
 namespace tarnquill {
+
+class CSVColumnLayout;
 
 class CSVGrid : public DataTable {
     Q_OBJECT
@@ -78,12 +79,8 @@ private:
     void addCellActions(QMenu& menu, const QModelIndex& index);
     void showColumnMenu(int section, const QPoint& position);
     void showCellMenu(const QModelIndex& index, const QPoint& position);
-    void moveColumn(int section, int distance);
 
     void showTable();
-    void fitColumn(int section);
-    void fitVisibleColumns();
-    void restoreWidths(int first, int last);
 
     void restoreSelection();
     [[nodiscard]] QModelIndex currentPlace() const;
@@ -93,8 +90,8 @@ private:
 
     CSVToolViewModel& m_tool;
     CSVTableModel m_table;
-    CSVParser::Document::ID m_shown{};             // the document
-    std::unordered_map<std::size_t, int> m_widths; // of the columns that were fitted or resized
+    CSVColumnLayout* m_layout;
+    CSVParser::Document::ID m_shown{}; // the document
     std::optional<Cell> m_current;
     std::optional<std::pair<std::size_t, std::size_t>> m_selectedColumns; // nothing: whole rows
     bool m_isScattered = false; // the selection, so that the view knows it only by the tool's model

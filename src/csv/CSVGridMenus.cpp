@@ -1,3 +1,4 @@
+#include "csv/CSVColumnLayout.h"
 #include "csv/CSVGrid.h"
 
 #include <QContextMenuEvent>
@@ -61,11 +62,11 @@ void CSVGrid::addColumnActions(QMenu& menu, int section) {
     })->setEnabled(!m_tool.columnFilter(column).isEmpty());
     menu.addSeparator();
     add(menu, tr("Copy Column"), [this, column] { m_tool.copyCells(*m_tool.visibleRows(), {column}); });
-    add(menu, tr("Fit to Content"), [this, section] { fitColumn(section); });
+    add(menu, tr("Fit to Content"), [this, section] { m_layout->fit(section); });
     const auto visual = horizontalHeader()->visualIndex(section);
-    add(menu, tr("Move Left"), [this, section] { moveColumn(section, -1); })->setEnabled(visual > 0);
+    add(menu, tr("Move Left"), [this, section] { m_layout->move(section, -1); })->setEnabled(visual > 0);
     add(menu, tr("Move Right"), [this, section] {
-        moveColumn(section, 1);
+        m_layout->move(section, 1);
     })->setEnabled(visual + 1 < horizontalHeader()->count());
     add(menu, tr("Hide Column"), [this, column] { m_tool.setHidden(column, true); });
 }

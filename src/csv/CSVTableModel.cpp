@@ -100,6 +100,13 @@ std::size_t CSVTableModel::columnID(int section) const {
     return m_columns[static_cast<std::size_t>(section)];
 }
 
+std::optional<int> CSVTableModel::section(std::size_t column) const {
+    const auto found = std::ranges::lower_bound(m_columns, column);
+    return found != m_columns.end() && *found == column
+               ? std::optional(static_cast<int>(found - m_columns.begin()))
+               : std::nullopt;
+}
+
 std::string_view CSVTableModel::cell(const QModelIndex& index) const {
     return m_document->cell(rowID(index.row()), columnID(index.column()));
 }

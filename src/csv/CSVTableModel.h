@@ -5,6 +5,12 @@
 
 #include <QAbstractTableModel>
 
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
 namespace tarnquill {
 
 class CSVTableModel : public QAbstractTableModel {
@@ -27,8 +33,11 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
 
+    [[nodiscard]] const std::shared_ptr<const CSVParser::Document>& document() const { return m_document; }
     [[nodiscard]] CSVParser::RowID rowID(int row) const;
     [[nodiscard]] std::size_t columnID(int section) const;
+    // Nothing when the column is hidden.
+    [[nodiscard]] std::optional<int> section(std::size_t column) const;
     [[nodiscard]] std::string_view cell(const QModelIndex& index) const;
     [[nodiscard]] bool isNumeric(int section) const;
 

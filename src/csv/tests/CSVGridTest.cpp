@@ -220,8 +220,36 @@ TEST_F(CSVGridTest, FitsColumnsToTheirContentAndKeepsWidthsThatWereChosen) {
     m_tool.showAllColumns();
     EXPECT_EQ(m_grid.columnWidth(1), 222);
     EXPECT_EQ(m_grid.columnWidth(2), 360);
-    setText(u"a,b\n1,2"_s);
-    EXPECT_EQ(m_grid.columnWidth(0), 80) << "another table";
+}
+
+TEST_F(CSVGridTest, KeepsTheOrderAndTheWidthsThatTheUserChoseForColumnsOfTheSameName) {
+    const auto shown = [&] {
+        QStringList names;
+        for (int visual = 0; visual < header().count(); ++visual) {
+            names.append(
+                m_grid.model()->headerData(header().logicalIndex(visual), Qt::Horizontal).toString());
+        }
+        return names;
+    };
+    header().moveSection(2, 0);
+    m_grid.setColumnWidth(1, 222);
+    const QStringList moved{u"Score"_s, u"Name"_s, u"Status"_s, u"Updated"_s};
+    m_tool.setDelimiterChoice(CSVToolViewModel::DelimiterChoice::comma);
+    settle();
+    EXPECT_EQ(shown(), moved);
+    EXPECT_EQ(m_grid.columnWidth(1), 222);
+    m_tool.setHidden(2, true);
+    m_tool.setHidden(2, false);
+    EXPECT_EQ(shown(), moved);
+    m_tool.hideAllColumns();
+    m_tool.showAllColumns();
+    EXPECT_EQ(shown(), moved);
+    setText(u"New,Status,Score,Name,Last\n"_s);
+    EXPECT_EQ(shown(), (QStringList{u"New"_s, u"Score"_s, u"Name"_s, u"Status"_s, u"Last"_s}));
+    EXPECT_EQ(m_grid.columnWidth(1), 222);
+    setText(u"a,b,c,d\n"_s);
+    EXPECT_EQ(shown(), (QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s}));
+    EXPECT_EQ(m_grid.columnWidth(1), 80) << "another table";
 }
 
 TEST_F(CSVGridTest, ShowsTheWholeOfACellThatIsCutShortBelowIt) {
