@@ -5,7 +5,6 @@
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
-#include <QScrollBar>
 #include <QStyleOptionMenuItem>
 #include <QStyledItemDelegate>
 
@@ -22,8 +21,7 @@ constexpr int kSeparatorHeight = 9;
 constexpr int kPadding = 4;
 constexpr int kNarrowest = 180;
 constexpr int kWidest = 320;
-constexpr int kTextMargins = 48; // beside a name
-constexpr int kMeasuredColumns = 200;
+constexpr int kNameMargins = 42; // beside the name in a menu's item
 constexpr int kTallest = 12 * kItemHeight;
 
 // What follows the columns.
@@ -97,7 +95,9 @@ public:
         item.checkType =
             check.isValid() ? QStyleOptionMenuItem::NonExclusive : QStyleOptionMenuItem::NotCheckable;
         item.checked = check.toInt() == Qt::Checked;
-        item.text = index.data().toString().replace(u'\t', u' ');
+        item.text =
+            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, m_list.nameWidth());
+        item.text.replace(u'&', u"&&"_s); // or it would mark a key
         m_list.style()->drawControl(QStyle::CE_MenuItem, &item, painter, &m_list);
     }
 
@@ -111,15 +111,10 @@ private:
 };
 
 CSVColumnList::CSVColumnList(CSVToolViewModel& tool, QWidget* parent)
-    : QListView(parent), m_tool(tool), m_model(new Model(*this)) {
+    : CSVNameList(parent), m_tool(tool), m_model(new Model(*this)) {
     setAccessibleName(tr("Columns"));
-    setFrameShape(QFrame::NoFrame);
     setViewportMargins(kPadding, kPadding, kPadding, kPadding);
-    setSelectionMode(NoSelection);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setMouseTracking(true);
-    viewport()->setAutoFillBackground(false);
+    setFont(Theme::instance().font(FontRole::body));
     setModel(m_model);
     setItemDelegate(new Delegate(*this));
     connect(this, &QAbstractItemView::clicked, this, &CSVColumnList::trigger);
@@ -131,13 +126,13 @@ void CSVColumnList::start() {
 }
 
 QSize CSVColumnList::sizeHint() const {
-    auto width = kNarrowest;
-    for (int row = 0; row < std::min(m_model->columns(), kMeasuredColumns); ++row) {
-        const auto name = m_model->index(row).data().toString();
-        width = std::max(width, Painting::textWidth(name, FontRole::body) + kTextMargins);
-    }
+    const auto width = std::clamp(widestName() + kNameMargins + 2 * kPadding, kNarrowest, kWidest);
     const auto height = (m_model->columns() + 2LL) * kItemHeight + kSeparatorHeight;
-    return {std::min(width, kWidest), static_cast<int>(std::min<long long>(height, kTallest)) + 2 * kPadding};
+    return {width, static_cast<int>(std::min<long long>(height, kTallest)) + 2 * kPadding};
+}
+
+int CSVColumnList::nameWidth() const {
+    return viewport()->width() - kNameMargins;
 }
 
 void CSVColumnList::trigger(const QModelIndex& index) {
@@ -165,7 +160,7 @@ void CSVColumnList::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Escape) {
         event->ignore(); // closes what the list is in
     } else {
-        QListView::keyPressEvent(event);
+        CSVNameList::keyPressEvent(event);
     }
 }
 
@@ -176,7 +171,7 @@ void CSVColumnList::mouseMoveEvent(QMouseEvent* event) {
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
         viewport()->update();
     }
-    QListView::mouseMoveEvent(event);
+    CSVNameList::mouseMoveEvent(event);
 }
 
 } // namespace tarnquill

@@ -2,13 +2,12 @@
 // of them. It stays open while columns are toggled, and holds any number of them.
 #pragma once
 
+#include "csv/CSVNameList.h"
 #include "csv/CSVToolViewModel.h"
-
-#include <QListView>
 
 namespace tarnquill {
 
-class CSVColumnList : public QListView {
+class CSVColumnList : public CSVNameList {
     Q_OBJECT
 
 public:
@@ -21,6 +20,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
+    [[nodiscard]] int nameWidth() const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 

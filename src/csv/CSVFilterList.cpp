@@ -19,16 +19,12 @@ namespace {
 constexpr int kRowHeight = 36;
 constexpr int kFieldHeight = 28;
 constexpr int kMargin = 16;
-constexpr int kLabelWidth = 84;
 constexpr int kTextInset = 8;
-constexpr int kWidth = 312;
+constexpr int kNarrowestName = 76;
+constexpr int kWidestName = 176;
+constexpr int kFieldWidth = 196;
 constexpr int kPadding = 8;
 constexpr int kMostShownRows = 9;
-
-QRect fieldOf(const QRect& row) {
-    return {row.left() + kMargin + kLabelWidth, row.top() + (kRowHeight - kFieldHeight) / 2,
-            row.width() - 2 * kMargin - kLabelWidth, kFieldHeight};
-}
 
 } // namespace
 
@@ -74,12 +70,12 @@ private:
 
 class CSVFilterList::Delegate : public QStyledItemDelegate {
 public:
-    Delegate(CSVToolViewModel& tool, QObject* parent) : QStyledItemDelegate(parent), m_tool(tool) {}
+    Delegate(CSVToolViewModel& tool, CSVFilterList& list)
+        : QStyledItemDelegate(&list), m_tool(tool), m_list(list) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        const QRect label(option.rect.left() + kMargin, option.rect.top(), kLabelWidth - kTextInset,
-                          kRowHeight);
+        const QRect label(option.rect.left() + kMargin, option.rect.top(), m_list.nameWidth(), kRowHeight);
         Painting::text(*painter, label, index.data().toString(), FontRole::body,
                        themeColor(ColorRole::muted));
         QStyleOptionFrame frame;
@@ -94,7 +90,7 @@ public:
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& /*option*/,
                                  const QModelIndex& /*index*/) const override {
-        return {kWidth, kRowHeight};
+        return {kFieldWidth, kRowHeight};
     }
 
     [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
@@ -128,42 +124,52 @@ public:
     }
 
 private:
+    [[nodiscard]] QRect fieldOf(const QRect& row) const {
+        const auto before = kMargin + m_list.nameWidth() + kTextInset;
+        return {row.left() + before, row.top() + (kRowHeight - kFieldHeight) / 2,
+                row.width() - before - kMargin, kFieldHeight};
+    }
+
     CSVToolViewModel& m_tool;
+    CSVFilterList& m_list;
 };
 
 CSVFilterList::CSVFilterList(CSVToolViewModel& tool, QWidget* parent)
-    : QListView(parent), m_model(new Model(tool, this)) {
+    : CSVNameList(parent), m_model(new Model(tool, this)) {
     setAccessibleName(tr("Column Filters"));
-    setFrameShape(QFrame::NoFrame);
     setViewportMargins(0, kPadding, 0, kPadding);
-    setSelectionMode(NoSelection);
     setEditTriggers(AllEditTriggers);
     setTabKeyNavigation(true);
     setUniformItemSizes(true);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    viewport()->setAutoFillBackground(false);
     setModel(m_model);
-    setItemDelegate(new Delegate(tool, this));
+    setItemDelegate(new Delegate(tool, *this));
+    connect(m_model, &QAbstractItemModel::modelReset, this, &CSVFilterList::fitNames);
+    fitNames();
 }
 
 void CSVFilterList::editColumn(std::size_t column) {
     if (auto* const open = indexWidget(currentIndex()); open != nullptr && state() == EditingState) {
-        QListView::closeEditor(open, QAbstractItemDelegate::NoHint);
+        CSVNameList::closeEditor(open, QAbstractItemDelegate::NoHint);
     }
     const auto index = m_model->index(static_cast<int>(column));
     setCurrentIndex(index); // which opens its field, if it was not the current one
     if (state() != EditingState) {
-        QListView::edit(index);
+        CSVNameList::edit(index);
     }
 }
 
 QSize CSVFilterList::sizeHint() const {
-    return {kWidth, std::min(m_model->rowCount(), kMostShownRows) * kRowHeight + 2 * kPadding};
+    return {2 * kMargin + m_nameWidth + kTextInset + kFieldWidth,
+            std::min(m_model->rowCount(), kMostShownRows) * kRowHeight + 2 * kPadding};
+}
+
+void CSVFilterList::fitNames() {
+    m_nameWidth = std::clamp(widestName(), kNarrowestName, kWidestName);
+    updateGeometry();
 }
 
 void CSVFilterList::focusInEvent(QFocusEvent* event) {
-    QListView::focusInEvent(event);
+    CSVNameList::focusInEvent(event);
     if (event->reason() != Qt::OtherFocusReason && m_model->rowCount() > 0) {
         editColumn(static_cast<std::size_t>(
             event->reason() == Qt::BacktabFocusReason ? m_model->rowCount() - 1 : 0));
@@ -175,7 +181,7 @@ void CSVFilterList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
     const auto row = currentIndex().row();
     const auto isNext = hint == QAbstractItemDelegate::EditNextItem;
     const auto isPrevious = hint == QAbstractItemDelegate::EditPreviousItem;
-    QListView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    CSVNameList::closeEditor(editor, QAbstractItemDelegate::NoHint);
     if (hint == QAbstractItemDelegate::RevertModelCache) {
         Q_EMIT escapePressed();
         return;

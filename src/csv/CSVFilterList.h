@@ -2,13 +2,12 @@
 // so that there may be any number of columns.
 #pragma once
 
+#include "csv/CSVNameList.h"
 #include "csv/CSVToolViewModel.h"
-
-#include <QListView>
 
 namespace tarnquill {
 
-class CSVFilterList : public QListView {
+class CSVFilterList : public CSVNameList {
     Q_OBJECT
 
 public:
@@ -24,6 +23,7 @@ Q_SIGNALS:
     void escapePressed();
 
 protected:
+    [[nodiscard]] int nameWidth() const override { return m_nameWidth; }
     void focusInEvent(QFocusEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
@@ -31,7 +31,10 @@ private:
     class Model;
     class Delegate;
 
+    void fitNames();
+
     Model* m_model;
+    int m_nameWidth = 0;
 };
 
 } // namespace tarnquill

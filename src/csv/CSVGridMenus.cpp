@@ -27,10 +27,11 @@ QAction* add(QMenu& menu, const QString& title, Action action) {
 
 constexpr std::size_t kLongestFilter = 1000; // nobody means more by a value
 
-// Short enough for a menu.
+// Short enough for a menu, where an ampersand would mark a key.
 QString quoted(const QString& text) {
     constexpr int kLongest = 24;
-    return u"“"_s + (text.size() > kLongest ? text.first(kLongest) + u'…' : text) + u"”"_s;
+    auto shown = text.size() > kLongest ? text.first(kLongest) + u'…' : text;
+    return u"“"_s + shown.replace(u'&', u"&&"_s) + u"”"_s;
 }
 
 } // namespace

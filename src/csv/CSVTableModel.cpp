@@ -1,5 +1,7 @@
 #include "csv/CSVTableModel.h"
 
+#include "common/TextCells.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <ranges>
@@ -13,7 +15,7 @@ namespace {
 // Nothing wider is ever seen, and a text of megabytes takes too long to draw.
 constexpr std::size_t kLongestLine = 500;
 
-constexpr QChar kLineBreakSign(u'\u21B5');
+constexpr auto kLineBreakSign = u'\u21B5';
 
 struct Run {
     std::size_t first;
@@ -126,17 +128,12 @@ QString CSVTableModel::beginning(std::string_view text, std::size_t size) {
 }
 
 QString CSVTableModel::lineText(std::string_view text) {
-    auto line = beginning(text, kLongestLine);
-    for (auto& character : line) {
-        if (character == u'\n') {
-            character = kLineBreakSign;
-        } else if (character == u'\t') {
-            character = u' ';
-        } else if (character.category() == QChar::Other_Control) {
-            character = QChar::ReplacementCharacter;
-        }
+    const auto units = beginning(text, kLongestLine).toStdU16String();
+    auto line = units;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        line[i] = units[i] == u'\n' ? kLineBreakSign : units[i] == u'\t' ? u' ' : TextCells::drawn(units, i);
     }
-    return line;
+    return QString::fromStdU16String(line);
 }
 
 QString CSVTableModel::columnTitle(const CSVParser::Document& document, std::size_t column) {

@@ -43,7 +43,7 @@ public:
 
     // The first so many bytes of a text, and a sign when there are more.
     [[nodiscard]] static QString beginning(std::string_view text, std::size_t size);
-    // The beginning of a text with signs in place of line breaks and other control characters.
+    // The beginning of a text with signs in place of line breaks and of what could not be seen.
     [[nodiscard]] static QString lineText(std::string_view text);
     // A column's name so shown.
     [[nodiscard]] static QString columnTitle(const CSVParser::Document& document, std::size_t column);

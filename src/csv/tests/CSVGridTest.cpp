@@ -318,7 +318,11 @@ TEST_F(CSVGridTest, OffersWhatCanBeDoneWithAColumnAndACellAsMenus) {
     EXPECT_TRUE(copies.first().first().toByteArray().contains("\"Bob\"")) << "the row below the pointer";
     EXPECT_EQ(m_tool.selectedRowCount(), 1U);
 
-    m_grid.setCurrentIndex(m_grid.model()->index(0, 1));
+    setText(u"team\nR&D"_s);
+    choose(body, cellPoint(0, 0), u"Filter by “R&&D”"_s);
+    EXPECT_EQ(m_tool.columnFilter(0), u"R&D"_s);
+
+    m_grid.setCurrentIndex(m_grid.model()->index(0, 0));
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(&m_grid, &byKey);
     auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());

@@ -8,6 +8,7 @@
 #include "chrome/PaneHeader.h"
 #include "chrome/Popover.h"
 #include "chrome/SearchBar.h"
+#include "chrome/Theme.h"
 #include "chrome/ToolPane.h"
 #include "chrome/testing/FindWidgets.h"
 #include "common/testing/WaitUntil.h"
@@ -20,6 +21,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTemporaryDir>
@@ -179,6 +181,27 @@ TEST_F(CSVToolViewTest, HidesAndShowsColumnsFromTheListByKeyboard) {
     QTest::keyClick(&list, Qt::Key_Escape);
     EXPECT_FALSE(list.isVisible());
     EXPECT_TRUE(button(u"Columns"_s).hasFocus());
+}
+
+TEST_F(CSVToolViewTest, ShowsANameThatAListHasNoRoomForInATooltip) {
+    setText(QString(60, u'x') + u",short\n"_s);
+    const auto hasTooltip = [&](const QString& opener, const auto& list, int row) {
+        click(opener);
+        const auto place = list.visualRect(list.model()->index(row, 0));
+        QHelpEvent hover(QEvent::ToolTip, place.center(), list.viewport()->mapToGlobal(place.center()));
+        QApplication::sendEvent(list.viewport(), &hover);
+        const auto below = list.viewport()->mapTo(&m_view, QPoint(place.center().x(), place.bottom() + 12));
+        const auto isShown = waitUntil(
+            [&] { return m_view.grab().toImage().pixelColor(below) == themeColor(ColorRole::tooltip); }, 300);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        return isShown;
+    };
+    const auto& filters = *m_view.findChild<CSVFilterList*>();
+    const auto& columns = *m_view.findChild<CSVColumnList*>();
+    EXPECT_TRUE(hasTooltip(u"Filters"_s, filters, 0));
+    EXPECT_FALSE(hasTooltip(u"Filters"_s, filters, 1));
+    EXPECT_TRUE(hasTooltip(u"Columns"_s, columns, 0));
+    EXPECT_FALSE(hasTooltip(u"Columns"_s, columns, 1));
 }
 
 TEST_F(CSVToolViewTest, SearchesAndResets) {
