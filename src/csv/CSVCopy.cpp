@@ -275,9 +275,13 @@ void writeMarkdown(const Cells& cells, const Sink& sink, const std::stop_token& 
 
 void writeTabSeparated(const Cells& cells, const Sink& sink, const std::stop_token& stop) {
     Writer out(sink);
+    auto isFirst = true;
     for (const auto row : cells.rows) {
         if (stop.stop_requested()) {
             return;
+        }
+        if (!std::exchange(isFirst, false)) {
+            out.write('\n');
         }
         for (std::size_t i = 0; i < cells.columns.size(); ++i) {
             if (i > 0) {
@@ -285,7 +289,6 @@ void writeTabSeparated(const Cells& cells, const Sink& sink, const std::stop_tok
             }
             writeTabSeparatedCell(out, cells.document.cell(row, cells.columns[i]));
         }
-        out.write('\n');
     }
 }
 

@@ -34,8 +34,8 @@ void writeJSONArrays(const Cells& cells, const Sink& sink, const std::stop_token
 // Vertical bars are escaped, and a line break within a cell becomes a space.
 void writeMarkdown(const Cells& cells, const Sink& sink, const std::stop_token& stop = {});
 
-// Without a header line. A cell that holds a tab, a line break or a quotation mark is quoted, as spreadsheets
-// do.
+// Without a header line, and without a line break behind the last row: a single cell is pasted as a single
+// word. A cell that holds a tab, a line break or a quotation mark is quoted, as spreadsheets do.
 void writeTabSeparated(const Cells& cells, const Sink& sink, const std::stop_token& stop = {});
 
 } // namespace tarnquill::CSVCopy

@@ -290,7 +290,7 @@ TEST_F(CSVToolViewModelTest, CopiesTheVisibleOrTheSelectedRows) {
     QSignalSpy spy(&m_model, &CSVToolViewModel::copied);
     m_model.copyCells({4, 0}, {0, 2});
     settle();
-    EXPECT_EQ(spy.first().first().toByteArray(), "Eve\t45\nAlice\t98\n");
+    EXPECT_EQ(spy.first().first().toByteArray(), "Eve\t45\nAlice\t98");
 }
 
 } // namespace tarnquill
