@@ -15,6 +15,7 @@ namespace tarnquill {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 const auto kSync = u"sync"_s;
 const auto kTask = u"task"_s;
@@ -27,7 +28,7 @@ bool allowsRequest(const QUrl& url, WebPage::Resource kind) {
 }
 
 // Longer than the page takes for any but the longest documents.
-constexpr qint64 kPatience = 3000; // ms
+constexpr auto kPatience = 3s;
 
 // A box of a task is disabled and hears nothing: the click is its item's. Paper cannot be scrolled.
 constexpr auto kPageScript = R"(
@@ -102,6 +103,8 @@ MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* 
             });
     connect(&access, &MarkdownFolderAccess::reloadImages, this,
             [this] { run(QString::fromLatin1(kReloadImages)); });
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &MarkdownPreviewView::restartStuckPage);
     loadHtml(MarkdownPreviewPage::html(), {});
 }
 
@@ -116,17 +119,17 @@ void MarkdownPreviewView::setFolder(const QString& folder) {
 
 void MarkdownPreviewView::setBody(const Rendering& rendering) {
     m_body = rendering;
-    if (isStuck()) {
+    restartStuckPage();
+    pushBody();
+}
+
+void MarkdownPreviewView::restartStuckPage() {
+    if (m_awaitsLayout && !m_patience.isActive() && m_shown != nullptr &&
+        m_body->html.size() < m_shown->html.size() / 2) {
         m_awaitsLayout = false;
         m_shown.reset();
         restartPage();
     }
-    pushBody();
-}
-
-bool MarkdownPreviewView::isStuck() const {
-    return m_awaitsLayout && m_shown != nullptr && m_awaiting.hasExpired(kPatience) &&
-           m_body->html.size() < m_shown->html.size() / 2;
 }
 
 void MarkdownPreviewView::pushBody() {
@@ -136,11 +139,11 @@ void MarkdownPreviewView::pushBody() {
     if (m_shown == nullptr || m_shown->html != m_body->html) {
         run(m_body->update);
         m_awaitsLayout = true;
-        m_awaiting.start();
+        m_patience.start(kPatience);
     } else if (m_shown->lineCount != m_body->lineCount) {
         run(u"setLineCount("_s + QString::number(m_body->lineCount) + u")"_s);
         m_awaitsLayout = true;
-        m_awaiting.start();
+        m_patience.start(kPatience);
     }
     m_shown = m_body;
 }

@@ -7,7 +7,7 @@
 #include "markdown/MarkdownPreviewMessage.h"
 #include "markdown/MarkdownToolViewModel.h"
 
-#include <QElapsedTimer>
+#include <QTimer>
 
 namespace tarnquill {
 
@@ -51,8 +51,8 @@ Q_SIGNALS:
     void taskClicked(int line);
 
 private:
-    [[nodiscard]] bool isStuck() const;
     void pushBody();
+    void restartStuckPage();
     void receive(const QString& handler, const QJsonValue& body);
     void take(const MarkdownPreviewMessage::Layout& layout);
     void take(const MarkdownPreviewMessage::Scroll& scroll);
@@ -60,7 +60,7 @@ private:
     Rendering m_body;
     Rendering m_shown; // what the page has; null while it has nothing
     bool m_awaitsLayout = false;
-    QElapsedTimer m_awaiting;
+    QTimer m_patience; // runs for the first part of the wait
     std::optional<MarkdownLineMap> m_map;
     double m_scrollY = 0;
     double m_viewportHeight = 0;
