@@ -11,6 +11,8 @@
 
 namespace tarnquill {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double kLeastPixelScale = 2;
@@ -24,6 +26,7 @@ MermaidPreviewView::MermaidPreviewView(MermaidViewportController& viewport,
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&m_page->view());
     setFocusProxy(&m_page->view());
+    m_page->view().setAccessibleName(u"Diagram"_s);
 
     connect(&m_coordinator, &MermaidPreviewCoordinator::outcome, this, &MermaidPreviewView::outcome);
     connect(m_page, &MermaidPage::messageReceived, this, [this](const QString& handler) {

@@ -226,7 +226,6 @@ void MermaidToolView::makePreviewPane() {
     m_previewPane->header().addButton(fit);
     connect(&toolbar(), &Toolbar::narrowChanged, fit, &PaneButton::setIconOnly);
 
-    m_preview->setAccessibleName(u"Diagram"_s);
     m_preview->setFileDrop({.open =
                                 [this](const QList<QUrl>& urls) {
                                     if (!urls.isEmpty()) {

@@ -12,11 +12,11 @@
 #include "shell/ProductAddresses.h"
 #include "shell/ShortcutsWindow.h"
 #include "shell/ViewCommands.h"
+#include "shell/testing/Browser.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QFile>
 #include <QGuiApplication>
 #include <QSettings>
@@ -27,20 +27,6 @@ namespace tarnquill {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-// Takes what would open in the browser.
-class Browser : public QObject {
-    Q_OBJECT
-
-public:
-    Browser() { QDesktopServices::setUrlHandler(u"https"_s, this, "open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(u"https"_s); }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl& url) { opened.append(url); }
-};
 
 // Those of a user who left the program with the JSON tool.
 class Settings : public QSettings {
@@ -158,5 +144,3 @@ TEST_F(HelpCommandsTest, StopsAskingWhenToldToAndNeverAsksInAWindowThatIsClosed)
 
 } // namespace
 } // namespace tarnquill
-
-#include "HelpCommandsTest.moc"
