@@ -1,9 +1,8 @@
 #include "codec/CodecToolViewModel.h"
 
+#include "common/SavedFile.h"
 #include "common/TextFile.h"
 #include "common/UnicodeText.h"
-
-#include <QSaveFile>
 
 #include <chrono>
 #include <utility>
@@ -214,14 +213,7 @@ void CodecToolViewModel::save(const QString& path) {
         return;
     }
     m_saving.start(
-        0ms,
-        [path, bytes = m_outputBytes](const std::stop_token&) {
-            QSaveFile file(path);
-            const auto isWritten = file.open(QIODevice::WriteOnly) &&
-                                   file.write(bytes->data(), static_cast<qint64>(bytes->size())) >= 0 &&
-                                   file.commit();
-            return isWritten ? QString() : file.errorString();
-        },
+        0ms, [path, bytes = m_outputBytes](const std::stop_token&) { return saveFile(path, *bytes); },
         [this](const QString& error) {
             if (!error.isEmpty()) {
                 Q_EMIT savingFailed(error);

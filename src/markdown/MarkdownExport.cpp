@@ -1,12 +1,12 @@
 #include "markdown/MarkdownExport.h"
 
+#include "common/SavedFile.h"
 #include "markdown/MarkdownFolderAccess.h"
 #include "markdown/MarkdownImages.h"
 #include "markdown/MarkdownLocalImages.h"
 #include "markdown/MarkdownPreviewPage.h"
 
 #include <QNetworkReply>
-#include <QSaveFile>
 #include <QTimer>
 
 #include <algorithm>
@@ -97,11 +97,7 @@ void MarkdownExport::write() {
         [path = m_path, document = m_document, images = std::move(m_embedded)](const std::stop_token&) {
             const auto body = Markdown::withImageAddresses(
                 Markdown::withoutLineAttributes(document.rendering->html), images);
-            QSaveFile file(path);
-            const auto bytes = page(document.title, body);
-            const bool isWritten =
-                file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-            return isWritten ? QString() : file.errorString();
+            return saveFile(path, page(document.title, body));
         },
         [this](const QString& error) {
             Q_EMIT ended(error);

@@ -211,7 +211,7 @@ void MarkdownToolView::connectPanes() {
         }
     });
     connect(m_preview, &WebPageView::printed, this, [this](const QString& path, bool isWritten) {
-        sayWritingFailed(isWritten ? QString() : u"“"_s + path + u"” cannot be written."_s);
+        sayWritingFailed(isWritten ? QString() : u"Could not write “%1”."_s.arg(QFileInfo(path).fileName()));
     });
     connect(m_previewPane, &ToolPane::errorActivated, this, [this] {
         m_previewPane->showContent();

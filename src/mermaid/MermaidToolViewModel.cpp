@@ -1,11 +1,10 @@
 #include "mermaid/MermaidToolViewModel.h"
 
+#include "common/SavedFile.h"
 #include "common/TextFile.h"
 #include "mermaid/MermaidFence.h"
 #include "mermaid/MermaidTemplates.h"
 #include "mermaid/MermaidThemes.h"
-
-#include <QSaveFile>
 
 #include <chrono>
 #include <expected>
@@ -107,13 +106,7 @@ void MermaidToolViewModel::reload() {
 
 void MermaidToolViewModel::save(const QString& path, const QByteArray& bytes) {
     m_saving.start(
-        0ms,
-        [path, bytes](const std::stop_token&) -> QString {
-            QSaveFile file(path);
-            const bool isWritten =
-                file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-            return isWritten ? QString() : u"“%1” could not be written: %2."_s.arg(path, file.errorString());
-        },
+        0ms, [path, bytes](const std::stop_token&) { return saveFile(path, bytes); },
         [this](const QString& failure) {
             if (!failure.isEmpty()) {
                 Q_EMIT savingFailed(failure);
