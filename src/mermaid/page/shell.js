@@ -4,6 +4,7 @@
 
 const shell = {
     source: '',
+    theme: '',
     drawing: null, // the svg element on the stage
     drawnSource: '',
     size: { width: 0, height: 0 },
@@ -41,6 +42,7 @@ function loadZenuml() {
 }
 
 function useTheme(theme) {
+    shell.theme = theme;
     document.documentElement.classList.toggle('dark', themes.isDark(theme));
     mermaid.initialize(themes.configuration(theme));
 }
@@ -76,11 +78,14 @@ function showError(message, line) {
     element('error').hidden = false;
 }
 
-function place(drawing) {
+function sizeOf(drawing) {
     const box = drawing.viewBox.baseVal;
-    const area = drawing.getBoundingClientRect();
-    shell.size = box && box.width > 0 ? { width: box.width, height: box.height }
-                                      : { width: area.width, height: area.height };
+    const { width, height } = box && box.width > 0 ? box : drawing.getBoundingClientRect();
+    return { width, height };
+}
+
+function place(drawing) {
+    shell.size = sizeOf(drawing);
     drawing.setAttribute('width', shell.size.width);
     drawing.setAttribute('height', shell.size.height);
     drawing.style.maxWidth = '';
@@ -106,7 +111,9 @@ async function draw(source) {
     try {
         const { svg } = await mermaid.render(`diagram-${++shell.count}`, source, workshop);
         workshop.innerHTML = svg;
-        place(workshop.querySelector('svg'));
+        const drawing = workshop.querySelector('svg');
+        themes.finish(drawing, shell.theme);
+        place(drawing);
         shell.drawnSource = source;
     } finally {
         workshop.replaceChildren();

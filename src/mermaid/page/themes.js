@@ -29,8 +29,39 @@ const themes = (() => {
     const ownLook = '.node rect.basic, .node rect.label-container { rx: 6px; ry: 6px; } ' +
                     '.edgeLabel { font-size: 12px; } .edgeLabel rect.background { opacity: 1; }';
 
+    const isDark = theme => /\bdark\b/.test(theme);
+
+    // What these kinds of diagrams draw in colours of no theme.
+    const inDark = {
+        c4: `
+        svg text[fill="#444444"] { fill: #e8e8ea; }
+        svg [stroke="#444444"] { stroke: #9a9aa0; }`,
+
+        zenuml: `
+        svg .frame-border-inner, svg .frame-header-bg, svg .group-title-bg { fill: #1e1e1e; }
+        svg .frame-border-outer, svg .occurrence, svg .fragment-header { fill: #3a3a3c; }
+        svg .participant-box { fill: #22384f; stroke: #4a86c4; }
+        svg .participant-icon { color: #e8e8ea; }
+        svg :is(.frame-title, .participant-label, .message-label, .return-label, .return-icon, .comment-text) { fill: #e8e8ea; }
+        svg :is(.fragment-label, .fragment-condition, .fragment-section-label, .group-title-text) { fill: #e8e8ea; }
+        svg :is(.frame-header-line, .lifeline, .fragment-border, .fragment-separator, .group-outline) { stroke: #6e6e73; }
+        svg :is(.message-line, .return-line, .return-arrow, .occurrence, .arrow-head, .arrow-head path) { stroke: #9a9aa0; }
+        svg .arrow-head:not(.arrow-open) { fill: #9a9aa0; }
+        svg .seq-number { fill: #9a9aa0; }`,
+    };
+
     return {
-        isDark: theme => /\bdark\b/.test(theme),
+        isDark,
+
+        // What a drawing needs beside the theme that it has been drawn in.
+        finish: (drawing, theme) => {
+            const style = isDark(theme) && inDark[drawing.getAttribute('aria-roledescription')];
+            if (style) {
+                const sheet = document.createElementNS('http://www.w3.org/2000/svg', 'style');
+                sheet.textContent = style;
+                drawing.append(sheet);
+            }
+        },
 
         configuration: theme => ({
             startOnLoad: false,
