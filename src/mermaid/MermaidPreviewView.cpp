@@ -4,7 +4,9 @@
 #include "common/LatestTask.h"
 #include "mermaid/MermaidWebPage.h"
 
+#include <QDesktopServices>
 #include <QEvent>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -16,6 +18,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kLeastPixelScale = 2;
+
+// A diagram may come from anywhere: nothing but web pages is opened for it.
+void openInBrowser(const QUrl& url) {
+    if (url.scheme() == u"https" || url.scheme() == u"http") {
+        QDesktopServices::openUrl(url);
+    }
+}
 
 } // namespace
 
@@ -29,11 +38,14 @@ MermaidPreviewView::MermaidPreviewView(MermaidViewportController& viewport,
     m_page->view().setAccessibleName(u"Diagram"_s);
 
     connect(&m_coordinator, &MermaidPreviewCoordinator::outcome, this, &MermaidPreviewView::outcome);
-    connect(m_page, &MermaidPage::messageReceived, this, [this](const QString& handler) {
-        if (handler == u"errorActivated") {
-            Q_EMIT errorActivated();
-        }
-    });
+    connect(m_page, &MermaidPage::messageReceived, this,
+            [this](const QString& handler, const QJsonValue& body) {
+                if (handler == u"errorActivated") {
+                    Q_EMIT errorActivated();
+                } else if (handler == u"linkActivated") {
+                    openInBrowser(QUrl(body.toString()));
+                }
+            });
     m_longRendering.setSingleShot(true);
     m_longRendering.setInterval(LatestTask::kLongWork);
     connect(&m_longRendering, &QTimer::timeout, this, [this] { Q_EMIT longRenderingChanged(true); });

@@ -23,7 +23,7 @@ bool isOwnScript(const QUrl& url, WebPage::Resource kind) {
 
 MermaidWebPage::MermaidWebPage(QWidget* parent)
     : MermaidPage(parent),
-      m_view(new WebPageView({.messageHandlers = {u"viewState"_s, u"errorActivated"_s},
+      m_view(new WebPageView({.messageHandlers = {u"viewState"_s, u"errorActivated"_s, u"linkActivated"_s},
                               .allowsRequest = isOwnScript,
                               .readsFiles = true,
                               // One diagram kind does not draw without it.

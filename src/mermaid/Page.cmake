@@ -3,7 +3,7 @@
 
 set(mermaid_page_folder "${TARNQUILL_SHARE_DIRECTORY}/tarnquill/mermaid")
 set(mermaid_page_files
-    page/configuration-copy.js
+    page/engine-support.js
     page/export.js
     page/mermaid-shell.html
     page/shell.js

@@ -161,6 +161,19 @@ function getSVG() {
     return shell.drawing ? exporting.svg(shell.drawing) : null;
 }
 
+// A link leads out of the page, so it is the program that follows it. A drag is no click, wherever it ends.
+let pressed = { x: 0, y: 0 };
+element('stage').addEventListener('pointerdown', event => { pressed = { x: event.clientX, y: event.clientY }; });
+element('stage').addEventListener('click', event => {
+    const { clientX: x, clientY: y } = event;
+    const link = event.target.closest('a') ?? document.elementFromPoint(x, y)?.closest('#diagram a');
+    event.preventDefault();
+    const isDrag = event.detail > 0 && Math.hypot(x - pressed.x, y - pressed.y) > 4;
+    if (link && !isDrag) {
+        window.webkit?.messageHandlers.linkActivated.postMessage(link.href.baseVal);
+    }
+});
+
 element('error').addEventListener('click', () => {
     if (element('error').classList.contains('leads')) {
         window.webkit?.messageHandlers.errorActivated.postMessage(null);

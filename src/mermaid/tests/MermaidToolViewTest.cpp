@@ -7,6 +7,7 @@
 #include "chrome/PaneHeader.h"
 #include "chrome/ToolPane.h"
 #include "chrome/WebPageView.h"
+#include "chrome/testing/Browser.h"
 #include "chrome/testing/FindWidgets.h"
 #include "chrome/testing/WebPageProcess.h"
 #include "common/testing/WaitUntil.h"
@@ -83,6 +84,25 @@ TEST_F(MermaidToolViewTest, ShowsWhatBecameOfTheSourceAndMarksTheWrongLine) {
     view.findChild<WebPageView*>()->run(u"element('error').click()"_s);
     EXPECT_TRUE(waitUntil([&] { return editor().selection() == *mark; }))
         << "a click on the message leads there";
+}
+
+TEST_F(MermaidToolViewTest, OpensTheWebPagesThatADiagramLinksTo) {
+    Browser browser;
+    editor().selectAll();
+    editor().replaceAll(TextBuffer(uR"(graph LR
+ A[Here]
+ click A href "https://example.org/a")"));
+    model.setText(editor().buffer());
+    ASSERT_TRUE(becomes(Status::rendered));
+    auto* const page = view.findChild<WebPageView*>();
+    const auto center = page->mapTo(&view, page->rect().center());
+    QTest::mouseClick(view.childAt(center), Qt::LeftButton);
+    EXPECT_TRUE(waitUntil([&] { return browser.opened().size() == 1; }));
+    page->run(u"window.webkit.messageHandlers.linkActivated.postMessage('file:///etc/passwd')"_s);
+    page->run(u"window.webkit.messageHandlers.linkActivated.postMessage('https://example.org/b')"_s);
+    EXPECT_TRUE(waitUntil([&] { return browser.opened().size() == 2; }));
+    EXPECT_EQ(browser.opened(),
+              (QList<QUrl>{QUrl(u"https://example.org/a"_s), QUrl(u"https://example.org/b"_s)}));
 }
 
 TEST_F(MermaidToolViewTest, BeginsFromATemplateAndUndoesIt) {

@@ -1,7 +1,17 @@
-// Copies the engine's configuration for its getConfig(), see engine-script. Who asks for it may change it, two
-// levels deep.
+// What the engine finds in the page that runs it.
 'use strict';
 
+// Younger than the web engine; links are not drawn without it.
+URL.canParse ??= (address, base) => {
+    try {
+        new URL(address, base);
+        return true;
+    } catch {
+        return false;
+    }
+};
+
+// The engine's getConfig(), see engine-script. Who asks for a copy may change it, two levels deep.
 function copyOfConfiguration(settings, depth = 2) {
     if (Array.isArray(settings)) {
         return [...settings];
