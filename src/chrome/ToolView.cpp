@@ -7,6 +7,7 @@
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
 
+#include <QFocusEvent>
 #include <QVBoxLayout>
 
 namespace tarnquill {
@@ -39,6 +40,13 @@ ActivePaneLine* ToolView::setPanes(ToolPane* left, ToolPane* right) {
     activeLine->addPane(left);
     activeLine->addPane(right);
     return activeLine;
+}
+
+void ToolView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    if (m_firstFocus != nullptr) {
+        m_firstFocus->setFocus(event->reason());
+    }
 }
 
 bool ToolView::canPerform(ToolCommand /*command*/) const {

@@ -56,11 +56,17 @@ protected:
     void setContent(QWidget* content);
     // Two panes side by side that share the width as its content, and the line that marks the active one.
     ActivePaneLine* setPanes(ToolPane* left, ToolPane* right);
+    // The part that takes the keyboard when the view is given it. A focus proxy would do so too, but Tab
+    // would jump to it over all that stands in front of it.
+    void setFirstFocus(QWidget* part) { m_firstFocus = part; }
+
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     Toolbar* m_toolbar;
     QWidget* m_body;
     DropOverlay* m_drop;
+    QWidget* m_firstFocus = nullptr;
 };
 
 } // namespace tarnquill

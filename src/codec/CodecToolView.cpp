@@ -65,6 +65,7 @@ CodecToolView::CodecToolView(CodecToolViewModel& model, QWidget* parent)
     makeInputPane();
     makeOutputPane();
     setPanes(m_inputPane, m_outputPane);
+    setFirstFocus(m_inputEditor);
 
     connectModel();
     connectEditors();

@@ -83,8 +83,11 @@ TimestampInputPane::TimestampInputPane(TimestampToolViewModel& model, QWidget* p
     m_field->document()->clearUndoRedoStacks();
     connect(m_field, &TimestampField::textChanged, this, [this] { m_model.setText(m_field->text()); });
     connect(m_field, &TimestampField::listPasted, &m_model, &TimestampToolViewModel::take);
-    setFocusProxy(m_field);
     showResult();
+}
+
+QWidget* TimestampInputPane::field() const {
+    return m_field;
 }
 
 void TimestampInputPane::makeHeader() {

@@ -25,6 +25,8 @@ public:
     // The model outlives the pane.
     explicit TimestampInputPane(TimestampToolViewModel& model, QWidget* parent = nullptr);
 
+    [[nodiscard]] QWidget* field() const;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

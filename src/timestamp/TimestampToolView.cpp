@@ -70,6 +70,9 @@ TimestampToolView::TimestampToolView(TimestampToolViewModel& model, QWidget* par
     makeToolbar();
     makeOutputPane();
     makeZonesPane();
+    // First of all, because Tab meets the rows in the order in which they and the panes come into the view.
+    showResult();
+    showZoneCount();
     auto* splitter = new Splitter(Qt::Horizontal);
     splitter->addPane(m_outputPane, 1, kOutputMinimum);
     splitter->addPane(m_zonesPane, 0, kZonesMinimum);
@@ -90,7 +93,7 @@ TimestampToolView::TimestampToolView(TimestampToolViewModel& model, QWidget* par
     column->addWidget(input);
     column->addWidget(splitter, 1);
     setContent(content);
-    setFocusProxy(input);
+    setFirstFocus(input->field());
     auto* activeLine = new ActivePaneLine(this);
     for (auto* pane : {static_cast<QWidget*>(input), static_cast<QWidget*>(m_outputPane),
                        static_cast<QWidget*>(m_zonesPane)}) {
@@ -103,8 +106,6 @@ TimestampToolView::TimestampToolView(TimestampToolViewModel& model, QWidget* par
     connect(&m_model, &TimestampToolViewModel::listShownChanged, this, &TimestampToolView::showResult);
     connect(&m_model, &TimestampToolViewModel::localZoneChanged, this, &TimestampToolView::showLocalZone);
     connect(&m_model, &TimestampToolViewModel::zonesChanged, this, &TimestampToolView::showZoneCount);
-    showResult();
-    showZoneCount();
 }
 
 bool TimestampToolView::isWorking() const {

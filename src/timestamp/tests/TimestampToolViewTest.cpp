@@ -96,6 +96,15 @@ TEST_F(TimestampToolViewTest, TakesBackWhatNowHasReplaced) {
     EXPECT_EQ(model.text(), u"1790380800"_s);
 }
 
+TEST_F(TimestampToolViewTest, BeginsInTheFieldAndReachesWhatIsInFrontOfItByTab) {
+    auto* zone = view.findChild<ZoneButton*>();
+    zone->setFocus();
+    QTest::keyClick(zone, Qt::Key_Tab);
+    EXPECT_TRUE(view.findChild<SegmentedPicker*>()->hasFocus());
+    view.setFocus();
+    EXPECT_TRUE(field->hasFocus());
+}
+
 TEST_F(TimestampToolViewTest, ReadsTheNumberInThePickedUnit) {
     auto* unit = view.findChild<SegmentedPicker*>();
     unit->setFocus();
