@@ -7,6 +7,8 @@
 #include <QOpenGLContext>
 #include <QPluginLoader>
 
+#include <unistd.h>
+
 // Qt exports this for its modules, and has no public header for it.
 QT_BEGIN_NAMESPACE
 // NOLINTNEXTLINE(readability-identifier-naming): the name is Qt's
@@ -62,6 +64,14 @@ void WebEngine::load() {
     if (m_loading.isPending()) {
         return;
     }
+    // The engine would end the whole program. Scripts that start it as root on purpose switch its sandbox
+    // off.
+    if (::geteuid() == 0 && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX")) {
+        fail(tr("The web engine works only in its sandbox, which is not there for root. Start Tarnquill as "
+                "an ordinary "
+                "user."));
+        return;
+    }
     shareGraphics();
     m_loading.start(
         0ms, [path = modulePath()](const std::stop_token&) { return QPluginLoader(path).load(); },
@@ -72,12 +82,17 @@ void WebEngine::finishLoad(bool isLoaded) {
     QPluginLoader loader(modulePath());
     m_module = isLoaded ? qobject_cast<WebEngineModule*>(loader.instance()) : nullptr;
     if (m_module == nullptr) {
-        qWarning("The web engine cannot be loaded: %s", qUtf8Printable(loader.errorString()));
-        Q_EMIT failed();
+        fail(tr("The web engine could not be loaded: %1").arg(loader.errorString()));
         return;
     }
     m_module->registerSchemes(schemes());
     Q_EMIT ready();
+}
+
+void WebEngine::fail(const QString& failure) {
+    m_failure = failure;
+    qWarning("%s", qUtf8Printable(failure));
+    Q_EMIT failed();
 }
 
 } // namespace tarnquill

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QString>
 
 namespace tarnquill {
 
@@ -24,6 +25,8 @@ public:
     // Loads the module in the background, unless it is there: ready() or failed() follows.
     void load();
     [[nodiscard]] WebEngineModule* module() const { return m_module; }
+    // Why it cannot be loaded, as a sentence for the user; nothing before failed().
+    [[nodiscard]] const QString& failure() const { return m_failure; }
 
 Q_SIGNALS:
     void ready();
@@ -32,9 +35,11 @@ Q_SIGNALS:
 private:
     WebEngine() = default;
     void finishLoad(bool isLoaded);
+    void fail(const QString& failure);
 
     LatestTask m_loading;
     WebEngineModule* m_module = nullptr;
+    QString m_failure;
 };
 
 } // namespace tarnquill

@@ -13,6 +13,7 @@
 #include "chrome/PromptBar.h"
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
+#include "chrome/WebEngine.h"
 #include "common/CountText.h"
 #include "markdown/MarkdownExport.h"
 #include "markdown/MarkdownHighlighter.h"
@@ -206,6 +207,10 @@ void MarkdownToolView::connectPanes() {
     connect(m_preview, &MarkdownPreviewView::scrolled, this, &MarkdownToolView::showPosition);
     connect(m_preview, &MarkdownPreviewView::died, this, [this](bool isReloading) {
         if (!isReloading) {
+            if (const auto& failure = WebEngine::instance().failure(); !failure.isEmpty()) {
+                m_previewPane->showError(u"No preview"_s, failure);
+                return;
+            }
             m_previewPane->showError(u"The preview has stopped"_s, u"Show it again"_s,
                                      u"Start the preview anew"_s);
         }

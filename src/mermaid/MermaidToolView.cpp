@@ -14,6 +14,7 @@
 #include "chrome/Splitter.h"
 #include "chrome/ToolPane.h"
 #include "chrome/Toolbar.h"
+#include "chrome/WebEngine.h"
 #include "mermaid/MermaidFence.h"
 #include "mermaid/MermaidPreviewView.h"
 #include "mermaid/MermaidSyntaxHighlighter.h"
@@ -282,7 +283,9 @@ void MermaidToolView::showStatus() {
         return; // What it was a moment ago stays until it is something else.
     case Status::withoutEngine:
         header.setBadge(std::nullopt);
-        m_previewPane->showError(u"No preview"_s, u"The diagram engine could not be started."_s);
+        m_previewPane->showError(u"No preview"_s, WebEngine::instance().failure().isEmpty()
+                                                      ? u"The diagram engine could not be started."_s
+                                                      : WebEngine::instance().failure());
         break;
     case Status::blank:
         header.setBadge(std::nullopt);
