@@ -85,7 +85,7 @@ CSVToolView::CSVToolView(CSVToolViewModel& model, QWidget* parent)
     makePaneHeader();
     connectModel();
     setContent(m_pane);
-    setFocusProxy(m_grid);
+    setFirstFocus(m_grid);
     showDocument();
     showOptions();
     showError();

@@ -307,7 +307,7 @@ void JWTToolView::arrange() {
     PaneHeader::alignHeights({&m_tokenPane->header(), &m_headerPane->header()});
     PaneHeader::alignHeights({&m_signaturePane->header(), &m_timePane->header()});
     setContent(columns);
-    setFocusProxy(m_token);
+    setFirstFocus(m_token);
     auto* activeLine = new ActivePaneLine(this);
     for (auto* const pane : {m_tokenPane, m_signaturePane, m_headerPane, m_payloadPane, m_timePane}) {
         activeLine->addPane(pane);

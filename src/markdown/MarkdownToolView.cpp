@@ -58,7 +58,7 @@ MarkdownToolView::MarkdownToolView(MarkdownToolViewModel& model, QWidget* parent
     makeSourcePane();
     makePreviewPane();
     m_activeLine = setPanes(m_sourcePane, m_previewPane);
-    setFocusProxy(m_editor);
+    setFirstFocus(m_editor);
 
     connectModel();
     connectPanes();

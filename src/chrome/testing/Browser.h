@@ -1,4 +1,5 @@
-// Takes what would be opened outside of the program. A test that includes it lists it among its sources.
+// Takes what would be opened outside of the program. A program that includes it lists it among its
+// sources.
 #pragma once
 
 #include <QDesktopServices>
@@ -28,7 +29,8 @@ public:
     Q_INVOKABLE void open(const QUrl& url) { m_opened.append(url); }
 
 private:
-    const QStringList m_schemes{QStringLiteral("https"), QStringLiteral("http"), QStringLiteral("file")};
+    const QStringList m_schemes{QStringLiteral("https"), QStringLiteral("http"), QStringLiteral("file"),
+                                QStringLiteral("mailto")};
     QList<QUrl> m_opened;
 };
 

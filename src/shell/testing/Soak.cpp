@@ -4,11 +4,11 @@
 // the window answered nothing. A fault is one that a sanitizer reports or that ends the program.
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
+#include "chrome/testing/Browser.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/LaunchRequest.h"
 #include "shell/TarnquillApp.h"
 #include "shell/ToolCatalogue.h"
-#include "shell/testing/Browser.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -5,6 +5,7 @@
 #include "chrome/PaneButton.h"
 #include "chrome/TextLabel.h"
 #include "chrome/TextView.h"
+#include "chrome/testing/Browser.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/AcknowledgementsWindow.h"
 #include "shell/AppShellView.h"
@@ -12,7 +13,6 @@
 #include "shell/ProductAddresses.h"
 #include "shell/ShortcutsWindow.h"
 #include "shell/ViewCommands.h"
-#include "shell/testing/Browser.h"
 
 #include <gtest/gtest.h>
 
@@ -76,7 +76,7 @@ protected:
 
 TEST_F(HelpCommandsTest, LeadsToTheMakersAndTellsTheVersions) {
     choose(u"Tarnquill Support"_s);
-    EXPECT_EQ(browser.opened, QList<QUrl>{ProductAddresses::support()});
+    EXPECT_EQ(browser.opened(), QList<QUrl>{ProductAddresses::support()});
     choose(u"Copy Email Address"_s);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), ProductAddresses::email());
     window.show();
@@ -125,7 +125,7 @@ TEST_F(HelpCommandsTest, AsksForSupportASecondAfterTheWindowIsThere) {
     EXPECT_EQ(alert()->accessibleName(), u"Support Tarnquill"_s);
     EXPECT_EQ(settings.value(u"supportPromptLastShown"_s).toDateTime(), now) << "before it is answered";
     press(*alert(), u"Buy me a coffee"_s);
-    EXPECT_EQ(browser.opened, QList<QUrl>{ProductAddresses::donation()});
+    EXPECT_EQ(browser.opened(), QList<QUrl>{ProductAddresses::donation()});
     EXPECT_FALSE(settings.value(u"supportPromptOptOut"_s).toBool());
 }
 
