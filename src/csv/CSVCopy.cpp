@@ -1,6 +1,6 @@
 #include "csv/CSVCopy.h"
 
-#include "csv/CSVBlocks.h"
+#include "common/ByteBlocks.h"
 #include "csv/CSVNumber.h"
 
 #include <algorithm>
@@ -63,7 +63,7 @@ private:
 template <typename IsSpecial, typename Replace>
 void writeReplacing(Writer& out, std::string_view text, IsSpecial isSpecial, Replace replace) {
     for (std::size_t start = 0; start < text.size();) {
-        const auto special = CSVBlocks::find(text, start, isSpecial);
+        const auto special = ByteBlocks::find(text, start, isSpecial);
         out.write(text.substr(start, special - start));
         if (special < text.size()) {
             replace(text[special]);
@@ -85,7 +85,7 @@ constexpr auto kIsSpecialInTabSeparated = [](const auto& byte) {
 template <typename IsSpecial>
 bool isPlain(const CSVParser::Document& document, CSVParser::RowID row, IsSpecial isSpecial) {
     const auto text = document.rowText(row);
-    return CSVBlocks::find(text, 0, isSpecial) == text.size();
+    return ByteBlocks::find(text, 0, isSpecial) == text.size();
 }
 
 void writeEscape(Writer& out, char character) {
@@ -199,7 +199,7 @@ void writeMarkdownCell(Writer& out, std::string_view text) {
 }
 
 void writeTabSeparatedCell(Writer& out, std::string_view text) {
-    if (CSVBlocks::find(text, 0, kIsSpecialInTabSeparated) == text.size()) {
+    if (ByteBlocks::find(text, 0, kIsSpecialInTabSeparated) == text.size()) {
         out.write(text);
         return;
     }

@@ -1,8 +1,8 @@
 #include "csv/CSVParser.h"
 
+#include "common/ByteBlocks.h"
 #include "common/LargeString.h"
 #include "common/TextDecoding.h"
-#include "csv/CSVBlocks.h"
 #include "csv/CSVNumber.h"
 
 #include <boost/uuid/random_generator.hpp>
@@ -30,8 +30,8 @@ public:
     void copyUpTo(const char*& in, const char* end, char*& out) const {
         const auto [first, second, third] = m_characters;
         while (end - in >= kBlockSize) {
-            const auto block = CSVBlocks::load(in);
-            block.copy_to(out, CSVBlocks::simd::element_aligned);
+            const auto block = ByteBlocks::load(in);
+            block.copy_to(out, ByteBlocks::simd::element_aligned);
             const auto stops = block == first || block == second || block == third;
             const auto count = any_of(stops) ? find_first_set(stops) : kBlockSize;
             in += count;
@@ -46,7 +46,7 @@ public:
     }
 
 private:
-    static constexpr std::ptrdiff_t kBlockSize{CSVBlocks::kSize};
+    static constexpr std::ptrdiff_t kBlockSize{ByteBlocks::kSize};
 
     std::array<char, 3> m_characters;
 };

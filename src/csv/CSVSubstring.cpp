@@ -1,7 +1,7 @@
 #include "csv/CSVSubstring.h"
 
+#include "common/ByteBlocks.h"
 #include "common/UserLocale.h"
-#include "csv/CSVBlocks.h"
 
 #include <unicode/uchar.h>
 #include <unicode/uniset.h>
@@ -152,10 +152,10 @@ std::optional<TextRange> CSVSubstring::find(std::string_view cell, std::size_t f
 
 std::size_t CSVSubstring::nextBeginning(std::string_view cell, std::size_t start) const {
     const auto& [first, second] = *m_beginning;
-    for (; start + CSVBlocks::kSize < cell.size(); start += CSVBlocks::kSize) {
-        auto begins = isOneOf(CSVBlocks::load(cell.data() + start), first);
+    for (; start + ByteBlocks::kSize < cell.size(); start += ByteBlocks::kSize) {
+        auto begins = isOneOf(ByteBlocks::load(cell.data() + start), first);
         if (second) {
-            begins = begins && isOneOf(CSVBlocks::load(cell.data() + start + 1), *second);
+            begins = begins && isOneOf(ByteBlocks::load(cell.data() + start + 1), *second);
         }
         if (any_of(begins)) {
             return start + static_cast<std::size_t>(find_first_set(begins));

@@ -5,7 +5,7 @@
 #include <experimental/simd>
 #include <string_view>
 
-namespace tarnquill::CSVBlocks {
+namespace tarnquill::ByteBlocks {
 
 namespace simd = std::experimental;
 
@@ -31,4 +31,4 @@ std::size_t find(std::string_view text, std::size_t start, Condition condition) 
     return start;
 }
 
-} // namespace tarnquill::CSVBlocks
+} // namespace tarnquill::ByteBlocks
