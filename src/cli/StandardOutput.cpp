@@ -5,17 +5,17 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 namespace tarnquill::cli {
 
-void StandardOutput::write(std::string_view text) {
-    if (!text.empty()) {
-        m_last = text.back();
-    }
+namespace {
+
+constexpr std::size_t kBlockSize = std::size_t{256} << 10;
+
+void writeAll(std::string_view text) {
     while (!text.empty()) {
         const auto count = ::write(STDOUT_FILENO, text.data(), text.size());
         if (count >= 0) {
@@ -29,9 +29,64 @@ void StandardOutput::write(std::string_view text) {
     }
 }
 
+} // namespace
+
+StandardOutput::~StandardOutput() {
+    if (!m_thread.joinable()) {
+        writeAll(m_blocks.front());
+        return;
+    }
+    if (!m_blocks[m_filling % kBlocks].empty()) {
+        handOver();
+    }
+    m_full.release(); // the empty block ends the thread
+    m_thread.join();
+}
+
+void StandardOutput::write(std::string_view text) {
+    if (!text.empty()) {
+        m_last = text.back();
+    }
+    if (text.size() > kBlockSize && !m_thread.joinable() && m_blocks.front().empty()) {
+        writeAll(text); // a long text that nothing precedes needs no copy
+        return;
+    }
+    while (!text.empty()) {
+        auto& block = m_blocks[m_filling % kBlocks];
+        const auto piece = text.substr(0, kBlockSize - block.size());
+        block += piece;
+        text.remove_prefix(piece.size());
+        if (block.size() == kBlockSize) {
+            handOver();
+        }
+    }
+}
+
 void StandardOutput::endLine() {
     if (m_last != '\n') {
         write("\n");
+    }
+}
+
+void StandardOutput::handOver() {
+    if (!m_thread.joinable()) {
+        m_thread = std::thread(&StandardOutput::writeBlocks, this);
+    }
+    m_full.release();
+    m_free.acquire();
+    ++m_filling;
+}
+
+void StandardOutput::writeBlocks() {
+    for (std::size_t next = 0;; ++next) {
+        m_full.acquire();
+        auto& block = m_blocks[next % kBlocks];
+        if (block.empty()) {
+            return;
+        }
+        writeAll(block);
+        block.clear();
+        m_free.release();
     }
 }
 

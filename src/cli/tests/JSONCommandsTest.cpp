@@ -22,6 +22,15 @@ TEST(JSONCommands, FormatAndMinifyInTheChosenOrder) {
               "{\"b\":2,\"a\":1}\n");
 }
 
+TEST(JSONCommands, PrintWhatIsLongInOrder) {
+    std::string document = "[0";
+    for (int i = 1; i < 300'000; ++i) {
+        document += "," + std::to_string(i);
+    }
+    document += "]";
+    EXPECT_TRUE(run({"json", "minify"}, document).output == document + "\n");
+}
+
 TEST(JSONCommands, ValidateSaysItInTheLineAndInTheStatus) {
     EXPECT_EQ(run({"json", "validate"}, kDocument), (Outcome{0, "VALID\t23\t2\n", ""}));
     EXPECT_EQ(run({"json", "validate"}, "\"é\""), (Outcome{0, "VALID\t4\n", ""}));
