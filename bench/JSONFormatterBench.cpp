@@ -52,8 +52,10 @@ void sortedOutputs(benchmark::State& state, bench::Layout layout) {
 }
 
 #define TARNQUILL_BOTH_LAYOUTS(work)                                                                         \
-    BENCHMARK_CAPTURE(work, indented, bench::Layout::indented)->Unit(benchmark::kMillisecond);               \
-    BENCHMARK_CAPTURE(work, minified, bench::Layout::minified)->Unit(benchmark::kMillisecond)
+    BENCHMARK_CAPTURE(work, indented, bench::Layout::indented)                                               \
+        ->UseRealTime()                                                                                      \
+        ->Unit(benchmark::kMillisecond);                                                                     \
+    BENCHMARK_CAPTURE(work, minified, bench::Layout::minified)->UseRealTime()->Unit(benchmark::kMillisecond)
 
 TARNQUILL_BOTH_LAYOUTS(validate);
 TARNQUILL_BOTH_LAYOUTS(format);

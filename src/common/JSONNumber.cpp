@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <optional>
 #include <system_error>
@@ -18,31 +17,8 @@ constexpr std::size_t kAlwaysDoubleDigits = std::numeric_limits<double>::digits1
 // A number of at most kAlwaysDoubleDigits significant digits within these bounds is a normal double, whose
 // shortest form has those digits again.
 constexpr std::int64_t kAlwaysDoubleExponent = 300;
-constexpr std::int64_t kFirstExponentWritten = 16;
+constexpr std::int64_t kFirstExponentWritten = kMostPositionalDigits;
 constexpr std::int64_t kLeastExponentNotWritten = -4;
-
-constexpr bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
-std::uint64_t eightBytes(const char* start) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, start, sizeof bytes);
-    return bytes;
-}
-
-bool hasExponent(std::string_view literal) {
-    constexpr std::uint64_t kBitOfLetters = 0x4040'4040'4040'4040; // which no digit, sign or point has
-    constexpr std::size_t kStep = sizeof kBitOfLetters;
-    if (literal.size() < kStep) {
-        return literal.find_first_of("eE") != std::string_view::npos;
-    }
-    auto bits = eightBytes(literal.data() + literal.size() - kStep);
-    for (std::size_t i = 0; i + kStep < literal.size(); i += kStep) {
-        bits |= eightBytes(literal.data() + i);
-    }
-    return (bits & kBitOfLetters) != 0;
-}
 
 // Stops growing far beyond every exponent that matters, so that no literal overflows it.
 std::int64_t exponentValue(std::string_view exponent) {
@@ -196,26 +172,18 @@ bool overflows(std::string_view literal) {
     return number.power > kLargestPower || (number.power == kLargestPower && !toDouble(literal));
 }
 
-bool isPlain(std::string_view literal) {
-    const std::size_t start = literal.front() == '-' ? 1 : 0;
-    auto point = start;
-    while (point < literal.size() && isDigit(literal[point])) {
-        ++point;
-    }
-    const auto fraction = point + 1;
-    if (fraction >= literal.size() || literal[point] != '.' || point - start > kFirstExponentWritten) {
-        return false;
-    }
-    if (hasExponent(literal)) {
-        return false;
-    }
-    const bool isSmall = literal[start] == '0' && literal.substr(fraction, 4) == "0000";
-    return !isSmall && (literal.back() != '0' || fraction + 1 == literal.size());
-}
-
 std::string_view printed(std::string_view literal, Buffer& buffer) {
-    if (literal.find_first_of(".eE") == std::string_view::npos) {
-        return literal;
+    if (std::ranges::all_of(literal, [](char character) { return character <= '9'; })) { // no exponent
+        const auto point = literal.find('.');
+        if (point == std::string_view::npos) {
+            return literal;
+        }
+        // Of few digits, which a double keeps, nothing but zeros at the end goes.
+        const auto fraction = point + 1;
+        const bool isSmall = literal.substr(fraction).starts_with("0000");
+        if (literal.size() <= kAlwaysDoubleDigits && !isSmall) {
+            return literal.substr(0, std::max(literal.find_last_not_of('0'), fraction) + 1);
+        }
     }
     const auto number = scientific(literal);
     if (!isDouble(number, literal)) {

@@ -12,12 +12,20 @@
 
 namespace tarnquill::JSONNumber {
 
+// Numbers with more digits than this before the point are printed with an exponent.
+inline constexpr std::size_t kMostPositionalDigits = 16;
+
 // Whether the literal's nearest double is infinite.
 [[nodiscard]] bool overflows(std::string_view literal);
 
-// A quick test, true for nearly every number of a machine-written document: the literal has a fraction and no
-// exponent, and looks exactly as a double or decimal of its value is printed.
-[[nodiscard]] bool isPlain(std::string_view literal);
+// A quick test, true for nearly every number with a fraction and without an exponent in a machine-written
+// document: whether it looks exactly as a double or decimal of its value is printed. Takes the digits before
+// and behind its point.
+[[nodiscard]] inline bool isPlain(std::string_view whole, std::string_view fraction) {
+    const bool isSmall = whole.front() == '0' && fraction.starts_with("0000");
+    return !isSmall && whole.size() <= kMostPositionalDigits &&
+           (fraction.back() != '0' || fraction.size() == 1);
+}
 
 using Buffer = std::array<char, 32>;
 

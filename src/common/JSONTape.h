@@ -70,11 +70,14 @@ public:
 
     std::size_t append(Tag tag, std::size_t position = 0, std::size_t length = 0) {
         if (m_size == m_capacity) {
-            grow();
+            grow(m_size + 1);
         }
         set(m_size, tag, position, length);
         return m_size++;
     }
+
+    // The words of another tape for the same source, whose containers have all been closed.
+    void append(const JSONTape& other);
 
     void set(std::size_t index, Tag tag, std::size_t position = 0, std::size_t length = 0) {
         if (length >= kLongLength) {
@@ -103,7 +106,7 @@ private:
         return 0;
     }
 
-    void grow();
+    void grow(std::size_t leastCapacity);
 
     std::string_view m_source;
     std::unique_ptr<std::uint64_t[], Free> m_words;

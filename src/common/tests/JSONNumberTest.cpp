@@ -72,14 +72,17 @@ TEST(JSONNumber, OverflowsWhereTheNearestDoubleIsInfinite) {
 
 // Whatever the quick test takes is not looked at again, so it must not take a number that prints differently.
 TEST(JSONNumber, CallsANumberPlainOnlyWhenItPrintsAsWritten) {
+    const auto isPlain = [](std::string_view literal) {
+        const auto point = literal.find('.');
+        return JSONNumber::isPlain(literal.substr(0, point), literal.substr(point + 1));
+    };
     for (const auto* literal :
-         {"1.5", "-0.0", "0.0001", "1234567890123456.7", "3.141592653589793", "0.12345678901234567"}) {
-        EXPECT_TRUE(JSONNumber::isPlain(literal)) << literal;
+         {"1.5", "0.0", "0.0001", "1234567890123456.7", "3.141592653589793", "0.12345678901234567"}) {
+        EXPECT_TRUE(isPlain(literal)) << literal;
         EXPECT_EQ(printed(literal), literal);
     }
-    for (const auto* literal : {"1", "1.50", "0.00", "0.00001", "12345678901234567.5", "1.5e1", "1.2345678E9",
-                                "1.23456789012345678e5", "123456789.1e10"}) {
-        EXPECT_FALSE(JSONNumber::isPlain(literal)) << literal;
+    for (const auto* literal : {"1.50", "0.00", "0.00001", "12345678901234567.5"}) {
+        EXPECT_FALSE(isPlain(literal)) << literal;
     }
 }
 

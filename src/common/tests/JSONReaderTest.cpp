@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 
@@ -20,6 +21,15 @@ std::string repeated(std::string_view text, std::size_t count) {
 std::string messageFor(std::string_view source) {
     const auto document = JSONReader::read(source);
     return document ? "no error" : document.error().message;
+}
+
+bool isSame(const JSONValue& a, const JSONValue& b) {
+    const auto isSameMember = [](const JSONMember& x, const JSONMember& y) {
+        return isSame(x.key, y.key) && isSame(x.value, y.value);
+    };
+    return a.kind() == b.kind() && a.text() == b.text() && (!a.isNumber() || a.literal() == b.literal()) &&
+           std::ranges::equal(a.elements(), b.elements(), isSame) &&
+           std::ranges::equal(a.members(), b.members(), isSameMember);
 }
 
 } // namespace
@@ -169,6 +179,58 @@ TEST(JSONReader, ReadsExponentsBeyondEveryInteger) {
     EXPECT_TRUE(
         messageFor("[1e-99999999999, 1E+99999999999]").contains("“1E+99999999999” at line 1, column 18"));
     EXPECT_TRUE(messageFor("[1e99999999999, }").contains("Unexpected “}”"));
+}
+
+// Large texts are read from the middle, too, where nothing is known of what stands before.
+TEST(JSONReader, ReadsEveryRecordOfALargeTextAlike) {
+    constexpr std::size_t kRecords = 20'000;
+    for (const std::string record : {
+             R"({"a\u0062":"x\n","c":[[1,"\u00e9"],{}],"d":1,"d":2})",
+             R"([[{"a":1},{"a":2},{"a":3}], "},{\"a\":[1],[", {"b":[{}, {}]}])",
+             R"({"deep":[{"a":[{"b":[{"c":1}, {"c":2}]}, {"b":[]}]}, {"a":[]}], "a":0, "a":"\t"})",
+             R"( "],[" )",
+         }) {
+        // The middle lies within the array, at its end and at its start.
+        const auto records = "[" + repeated(record + " ,\n", kRecords) + record + "]";
+        const auto padding = "\"" + std::string(records.size(), 'x') + "\"";
+        const std::string sources[] = {
+            R"({"\t":"\r","all":)" + records + R"(,"end":[1]})",
+            R"({"\t":"\r","all":)" + records + R"(,"end":[1],"padding":)" + padding + "}",
+            R"({"\t":"\r","padding":)" + padding + R"(,"all":)" + records + R"(,"end":[1]})",
+        };
+        const auto expected = JSONReader::read(record);
+        for (const auto& source : sources) {
+            const auto document = JSONReader::read(source);
+            ASSERT_TRUE(document) << record;
+            EXPECT_EQ(document->droppedDuplicates(), expected->droppedDuplicates() * (kRecords + 1));
+            EXPECT_EQ(document->root().find("end")->count(), 1U);
+            const auto all = *document->root().find("all");
+            EXPECT_EQ(all.count(), kRecords + 1);
+            EXPECT_TRUE(std::ranges::all_of(all.elements(), [&](JSONValue value) {
+                return isSame(value, expected->root());
+            })) << record;
+        }
+    }
+}
+
+TEST(JSONReader, FindsTheFirstFaultOfALargeText) {
+    const auto half = repeated("{\"a\":[{}, {}]},", 50'000);
+    const auto at = [](const std::string& source) { return JSONReader::read(source).error().offset; };
+    const auto start = "[" + half + half;
+    EXPECT_EQ(at(start + "1 2]"), start.size() + 2);
+    EXPECT_EQ(at(start), start.size());
+    EXPECT_EQ(at(start + "1}"), start.size() + 1);
+    EXPECT_EQ(at(start + "[1e999,2e999]]"), start.size() + 1);
+    EXPECT_EQ(at("[" + half + "1e999," + half + half + half + "2e999]"), half.size() + 1);
+    EXPECT_EQ(at("[x" + half + half + "]"), 1U);
+
+    // The deepest bracket stands behind the middle.
+    const auto nested = [&](std::size_t depth) {
+        const auto brackets = JSONReader::kDeepestNesting - 10;
+        return repeated("[", brackets) + half + half + repeated("[", depth) + repeated("]", depth + brackets);
+    };
+    EXPECT_TRUE(JSONReader::read(nested(10)));
+    EXPECT_EQ(at(nested(11)), JSONReader::kDeepestNesting + 2 * half.size());
 }
 
 TEST(JSONReader, ReadsHugeAndHostileInputAtOnce) {
