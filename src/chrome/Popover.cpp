@@ -18,6 +18,7 @@ namespace {
 constexpr int kRadius = 8;
 constexpr int kGap = 4;
 constexpr int kEdge = 12; // that it keeps from the window's edges
+constexpr int kTop = 64;  // below the toolbar
 constexpr int kTitleHeight = 44;
 
 class TitleRow : public QWidget {
@@ -56,8 +57,23 @@ void Popover::addTitleControl(QWidget* control) {
 
 void Popover::openBelow(QWidget* control) {
     m_anchor = control;
-    setParent(control->window());
-    place();
+    const QPoint corner = control->mapTo(control->window(), QPoint(0, control->height() + kGap));
+    open(control->window(), corner);
+}
+
+void Popover::openAtTopOf(QWidget* window) {
+    m_anchor = window->focusWidget();
+    const int width = sizeHint().width() - 2 * Painting::kShadowReach;
+    open(window, {(window->width() - width) / 2, kTop});
+}
+
+void Popover::open(QWidget* window, QPoint corner) {
+    constexpr int kReach = Painting::kShadowReach;
+    setParent(window);
+    QSize box = sizeHint() - QSize(2 * kReach, 2 * kReach);
+    box.setHeight(std::min(box.height(), window->height() - corner.y() - kEdge));
+    corner.setX(std::clamp(corner.x(), kEdge, std::max(kEdge, window->width() - kEdge - box.width())));
+    setGeometry(QRect(corner, box).adjusted(-kReach, -kReach, kReach, kReach));
     show();
     raise();
     qApp->installEventFilter(this);
@@ -70,24 +86,12 @@ void Popover::close() {
         return;
     }
     qApp->removeEventFilter(this);
-    const bool hadFocus = holds(QApplication::focusWidget());
+    const bool hadFocus = holds(window()->focusWidget());
     hide();
     if (hadFocus && m_anchor) {
         m_anchor->setFocus(Qt::PopupFocusReason);
     }
     Q_EMIT closed();
-}
-
-void Popover::place() {
-    constexpr int kReach = Painting::kShadowReach;
-    const QWidget* window = m_anchor->window();
-    const QRect control(m_anchor->mapTo(window, QPoint(0, 0)), m_anchor->size());
-    QSize box = sizeHint() - QSize(2 * kReach, 2 * kReach);
-    const int top = control.bottom() + 1 + kGap;
-    box.setHeight(std::min(box.height(), window->height() - top - kEdge));
-    const int left =
-        std::clamp(control.left(), kEdge, std::max(kEdge, window->width() - kEdge - box.width()));
-    setGeometry(QRect(QPoint(left, top), box).adjusted(-kReach, -kReach, kReach, kReach));
 }
 
 bool Popover::holds(const QObject* object) const {
@@ -110,7 +114,7 @@ bool Popover::eventFilter(QObject* object, QEvent* event) {
             close();
             return true;
         }
-    } else if (event->type() == QEvent::Resize && m_anchor && object == m_anchor->window()) {
+    } else if (event->type() == QEvent::Resize && object == parentWidget()) {
         close();
     }
     return QWidget::eventFilter(object, event);

@@ -1,5 +1,5 @@
-// A box that floats in its window below the control that opened it, until Escape or a click elsewhere closes
-// it.
+// A box that floats in its window, below the control that opened it or at the top, until Escape or a click
+// elsewhere closes it.
 #pragma once
 
 #include <QPointer>
@@ -21,6 +21,8 @@ public:
 
     // Opens it in the control's window and gives the keyboard to the first field in it.
     void openBelow(QWidget* control);
+    // Opens it in the middle of the window's width. What has the keyboard now counts as the control.
+    void openAtTopOf(QWidget* window);
     [[nodiscard]] bool isOpen() const { return isVisible(); }
 
     // Gives the keyboard back to the control.
@@ -36,7 +38,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    void place();
+    void open(QWidget* window, QPoint corner);
     [[nodiscard]] bool holds(const QObject* object) const;
 
     QWidget* m_titleRow;

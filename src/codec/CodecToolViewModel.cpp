@@ -152,8 +152,12 @@ void CodecToolViewModel::swap() {
     setDirection(direction() == Direction::encode ? Direction::decode : Direction::encode);
 }
 
+void CodecToolViewModel::replaceInput(const TextBuffer& input) {
+    replaceInput(input, {});
+}
+
 void CodecToolViewModel::clear() {
-    replaceInput(TextBuffer(), {});
+    replaceInput(TextBuffer());
 }
 
 void CodecToolViewModel::replaceInput(const TextBuffer& input, const QString& filePath) {
@@ -191,6 +195,7 @@ void CodecToolViewModel::open(const QString& path) {
         [this, path](std::expected<File, std::string>&& file) {
             if (file) {
                 take(std::move(*file), path);
+                Q_EMIT fileOpened();
             } else {
                 Q_EMIT openingFailed(QString::fromStdString(file.error()));
             }

@@ -79,6 +79,8 @@ public:
     // Moves the output into the input and reverses the direction. Does nothing without a text to move.
     void swap();
     [[nodiscard]] bool canSwap() const;
+    // Takes another input, or none, as an edit that the editor can undo.
+    void replaceInput(const TextBuffer& input);
     void clear();
 
     // Takes the file's bytes as the input: as text where they are UTF-8, else as they are.
@@ -97,6 +99,7 @@ Q_SIGNALS:
     void optionsChanged(); // scheme, direction, options
     void outputChanged();
     void shownFileChanged();
+    void fileOpened();
     void openingFailed(const QString& sentence);
     void savingFailed(const QString& sentence);
 

@@ -189,6 +189,8 @@ std::expected<CSVToolViewModel::Source, QString> CSVToolViewModel::read(const Re
 
 void CSVToolViewModel::publish(Parsed&& parsed) {
     m_rowsTask.cancel();
+    const bool isOpened =
+        parsed.source.text != m_source.text && !parsed.source.filePath.isEmpty() && !parsed.isUndone;
     if (parsed.source.text != m_source.text) {
         m_otherSource = std::exchange(m_source, std::move(parsed.source));
         m_isUndone = parsed.isUndone;
@@ -212,6 +214,9 @@ void CSVToolViewModel::publish(Parsed&& parsed) {
     m_parseError.clear();
     countSelectedRows();
     Q_EMIT documentChanged();
+    if (isOpened) {
+        Q_EMIT fileOpened();
+    }
     if (m_query != m_publishedQuery) {
         updateVisibleRows(0ms);
     }

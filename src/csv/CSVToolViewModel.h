@@ -121,6 +121,7 @@ public:
 
 Q_SIGNALS:
     void documentChanged(); // with it everything else
+    void fileOpened();      // after documentChanged()
     void errorChanged();
     void optionsChanged(); // delimiter choice, header option
     void queryChanged();   // filters, search, sort

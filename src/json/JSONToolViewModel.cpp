@@ -75,9 +75,13 @@ void JSONToolViewModel::setOutputMode(OutputMode mode) {
     }
 }
 
-void JSONToolViewModel::clear() {
-    setText(TextBuffer());
+void JSONToolViewModel::replaceText(const TextBuffer& text) {
+    setText(text);
     Q_EMIT textReplaced();
+}
+
+void JSONToolViewModel::clear() {
+    replaceText(TextBuffer());
 }
 
 void JSONToolViewModel::open(const QString& path) {

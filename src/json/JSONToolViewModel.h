@@ -88,8 +88,9 @@ public:
     // Selects the spot of the error that the verdict names, if it names one.
     void revealError();
 
-    // Empties the input. Like the text of an opened file, this reaches the editor as textReplaced(), which it
-    // can undo.
+    // Takes another input, or none. Like the text of an opened file, this reaches the editor as
+    // textReplaced(), which it can undo.
+    void replaceText(const TextBuffer& text);
     void clear();
 
     // Reads the file in the background and takes its text; on failure tells why and keeps the present text.

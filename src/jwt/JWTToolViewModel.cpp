@@ -100,13 +100,16 @@ void JWTToolViewModel::useSample() {
         m_key = bufferOf(kSampleSecret);
         Q_EMIT keyReplaced();
     }
-    setToken(bufferOf(kSampleToken));
+    replaceToken(bufferOf(kSampleToken));
+}
+
+void JWTToolViewModel::replaceToken(const TextBuffer& token) {
+    setToken(token);
     Q_EMIT tokenReplaced();
 }
 
 void JWTToolViewModel::clearToken() {
-    setToken(TextBuffer());
-    Q_EMIT tokenReplaced();
+    replaceToken(TextBuffer());
 }
 
 void JWTToolViewModel::openKey(const QString& path) {

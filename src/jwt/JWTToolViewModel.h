@@ -47,6 +47,8 @@ public:
 
     // Shows the sample token, with its secret where there is no key yet.
     void useSample();
+    // Takes another token, or none, as an edit that the editor can undo.
+    void replaceToken(const TextBuffer& token);
     void clearToken();
     // Takes the file's text as the key.
     void openKey(const QString& path);

@@ -47,8 +47,9 @@ public:
     [[nodiscard]] LatestTask& openingTask() { return m_opening; }
 
     void setText(const TextBuffer& text);
-    // Empties the document. Like the text of an opened file, this reaches the editor as textReplaced(), which
-    // it can undo.
+    // Takes another document, or an empty one. Like the text of an opened file, this reaches the editor as
+    // textReplaced(), which it can undo.
+    void replaceText(const TextBuffer& text);
     void clear();
 
     // Reads the file in the background and takes its text; on failure tells why and keeps the present text.
@@ -70,7 +71,6 @@ private:
     using Read = std::expected<TextBuffer, std::string>;
 
     void takeFile(const QString& path, const TextBuffer& text);
-    void replaceText(const TextBuffer& text);
     void scheduleRendering();
     void checkFile();
     void setNewerText(std::optional<TextBuffer> text);

@@ -46,9 +46,10 @@ public:
 
     void setText(const TextBuffer& text);
     void setThemeChoice(const QString& choice);
+    // These replace the text. Like the text of an opened file, this reaches the editor as textReplaced(),
+    // which it can undo.
     void clear();
-    // Replaces the text. Like the text of an opened file, this reaches the editor as textReplaced(), which it
-    // can undo.
+    void replaceText(const TextBuffer& text);
     void useTemplate(std::size_t index);
 
     // Reads the file in the background and takes its text, or of a Markdown file its first diagram; on
@@ -76,7 +77,6 @@ Q_SIGNALS:
     void revealRequested(TextRange range);
 
 private:
-    void replaceText(const TextBuffer& text);
     void followText(std::chrono::milliseconds delay);
 
     TextBuffer m_text;

@@ -10,6 +10,7 @@
 #include "shell/SidebarView.h"
 #include "shell/ToolCatalogue.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
@@ -39,6 +40,7 @@ AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings,
     : m_catalogue(catalogue),
       m_settings(settings),
       m_host(catalogue, settings),
+      m_recentFiles(settings),
       m_sidebar(new SidebarView(catalogue)),
       m_detail(new QStackedWidget),
       m_split(new Splitter(Qt::Horizontal)) {
@@ -53,6 +55,10 @@ AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings,
     layout->addWidget(m_split);
 
     connect(m_sidebar, &SidebarView::selectionChanged, this, &AppShellView::selectTool);
+    connect(&m_host, &ToolHost::fileOpened, &m_recentFiles,
+            [this](const QString& path, const QString& toolID) {
+                m_recentFiles.add({.path = path, .toolID = toolID});
+            });
     new FileDropTarget(this, {.open =
                                   [this](const QList<QUrl>& urls) {
                                       open(urls);
@@ -134,6 +140,16 @@ void AppShellView::openNext() {
             m_showsAlert = false;
             openNext();
         });
+    }
+}
+
+void AppShellView::openAgain(const RecentFiles::File& file) {
+    if (!QFileInfo::exists(file.path)) {
+        m_recentFiles.remove(file.path);
+    }
+    if (const auto* const tool = m_catalogue.tool(file.toolID)) {
+        tool->open(QUrl::fromLocalFile(file.path), m_host);
+        selectTool(tool->id);
     }
 }
 

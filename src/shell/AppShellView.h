@@ -1,6 +1,7 @@
 // The main window's content: the sidebar, the selected tool, and the way of files to the tools.
 #pragma once
 
+#include "shell/RecentFiles.h"
 #include "shell/SupportPrompt.h"
 #include "shell/ToolHost.h"
 
@@ -49,6 +50,11 @@ public:
     // over.
     void open(const QList<QUrl>& urls);
 
+    // The files that the tools have opened, also in earlier windows.
+    [[nodiscard]] RecentFiles& recentFiles() { return m_recentFiles; }
+    // Opens the file in the tool that it was opened in. One that is gone is forgotten, and the tool tells it.
+    void openAgain(const RecentFiles::File& file);
+
     [[nodiscard]] bool isSidebarShown() const;
     void setSidebarShown(bool shown);
 
@@ -76,6 +82,7 @@ private:
     const ToolCatalogue& m_catalogue;
     QSettings& m_settings;
     ToolHost m_host;
+    RecentFiles m_recentFiles;
     SidebarView* m_sidebar;
     QStackedWidget* m_detail;
     Splitter* m_split;

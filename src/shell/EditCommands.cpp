@@ -1,6 +1,8 @@
 #include "shell/EditCommands.h"
 
 #include "shell/AppShellView.h"
+#include "shell/ChoicePanel.h"
+#include "shell/PasteAnywhere.h"
 #include "shell/ToolCommandAction.h"
 
 #include <QApplication>
@@ -29,7 +31,8 @@ bool isTextView(const QWidget& widget) {
 EditCommands::EditCommands(AppShellView& window) : QMenu(tr("Edit"), &window) {
     connect(qApp, &QApplication::focusChanged, this,
             [this, &window](const QWidget* /*before*/, QWidget* now) {
-                if (now != nullptr && window.isAncestorOf(now) && isTextView(*now)) {
+                if (now != nullptr && window.isAncestorOf(now) && isTextView(*now) &&
+                    !ChoicePanel::encloses(*now)) {
                     m_textView = now;
                 }
             });
@@ -47,6 +50,10 @@ EditCommands::EditCommands(AppShellView& window) : QMenu(tr("Edit"), &window) {
         const auto* const held = QApplication::clipboard()->mimeData();
         return !is(view, "readOnly") && held != nullptr && held->hasText();
     });
+    auto* const pasteAnywhere = new PasteAnywhere(window);
+    auto* const offer = addAction(tr("Paste Anywhere…"), pasteAnywhere, &PasteAnywhere::offer);
+    offer->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_V);
+    window.addAction(offer);
     add(tr("Select All"), QKeySequence::SelectAll, "selectAll", [](const QWidget& /*view*/) { return true; });
     addSeparator();
     addToolCommand(*this, window, ToolCommand::find, tr("Find…"), {QKeySequence::Find});

@@ -15,9 +15,11 @@ public:
 
 private:
     void updateOpen();
+    void updateRecent();
 
     AppShellView& m_window;
     QAction* m_open;
+    QMenu* m_recent;
 };
 
 } // namespace tarnquill

@@ -1,6 +1,7 @@
 #include "shell/TarnquillApp.h"
 
 #include "shell/BuiltInTools.h"
+#include "shell/CommandPalette.h"
 #include "shell/EditCommands.h"
 #include "shell/FileCommands.h"
 #include "shell/HelpCommands.h"
@@ -22,8 +23,10 @@ TarnquillApp::TarnquillApp(QSettings& settings)
 // Where the desktop shows the menus of the active window in one place, they go there; elsewhere the sidebar
 // has a button for them.
 void TarnquillApp::addMenus() {
-    QList<QMenu*> menus{new FileCommands(m_window), new EditCommands(m_window), new ViewCommands(m_window)};
+    auto* const view = new ViewCommands(m_window);
+    QList<QMenu*> menus{new FileCommands(m_window), new EditCommands(m_window), view};
     menus.append(new HelpCommands(m_window, menus));
+    new CommandPalette(m_window, menus, *view);
     auto* const bar = new QMenuBar(&m_window);
     if (bar->isNativeMenuBar()) {
         for (auto* const menu : menus) {

@@ -14,4 +14,6 @@ Tool::Tool(QString toolID, QString toolName, QString toolSymbol, ToolCategory to
 
 void Tool::open(const QUrl& /*url*/, ToolHost& /*host*/) const {}
 
+void Tool::paste(const PastedText& /*pasted*/, ToolHost& /*host*/) const {}
+
 } // namespace tarnquill

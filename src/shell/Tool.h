@@ -10,6 +10,7 @@ class QUrl;
 
 namespace tarnquill {
 
+struct PastedText;
 class ToolHost;
 class ToolView;
 
@@ -32,6 +33,9 @@ public:
 
     // Hands the file to the tool's model. Tools that open no files leave this as it is.
     virtual void open(const QUrl& url, ToolHost& host) const;
+
+    // Makes the text the tool's input, which the tool can undo. Tools that take no text leave this as it is.
+    virtual void paste(const PastedText& pasted, ToolHost& host) const;
 
 protected:
     Tool(QString toolID, QString toolName, QString toolSymbol, ToolCategory toolCategory,

@@ -8,6 +8,8 @@
 
 namespace tarnquill {
 
+using namespace Qt::StringLiterals;
+
 QString lastPathComponent(const QUrl& url) {
     return QFileInfo(QDir::cleanPath(url.toLocalFile())).fileName();
 }
@@ -19,7 +21,18 @@ QString pathExtension(const QUrl& url) {
 }
 
 ToolHost::ToolHost(const ToolCatalogue& catalogue, QSettings& settings, QObject* parent)
-    : QObject(parent), m_catalogue(catalogue), m_timestamp(settings), m_supportPrompt(settings) {}
+    : QObject(parent), m_catalogue(catalogue), m_timestamp(settings), m_supportPrompt(settings) {
+    announceFiles(m_markdown, &MarkdownToolViewModel::fileChanged, u"markdown"_s);
+    announceFiles(m_json, &JSONToolViewModel::fileChanged, u"json"_s);
+    announceFiles(m_csv, &CSVToolViewModel::fileOpened, u"csv"_s);
+    announceFiles(m_mermaid, &MermaidToolViewModel::fileChanged, u"mermaid"_s);
+    announceFiles(m_codec, &CodecToolViewModel::fileOpened, u"codec"_s);
+}
+
+template <typename Model>
+void ToolHost::announceFiles(const Model& model, void (Model::*opened)(), const QString& toolID) {
+    connect(&model, opened, this, [this, &model, toolID] { Q_EMIT fileOpened(model.filePath(), toolID); });
+}
 
 std::optional<QString> ToolHost::open(const QUrl& url) {
     const auto* const tool = m_catalogue.toolForExtension(pathExtension(url));

@@ -50,7 +50,14 @@ public:
 
     [[nodiscard]] SupportPromptController& supportPrompt() { return m_supportPrompt; }
 
+Q_SIGNALS:
+    // A tool has read a file, by whatever way it came to it.
+    void fileOpened(const QString& path, const QString& toolID);
+
 private:
+    template <typename Model>
+    void announceFiles(const Model& model, void (Model::*opened)(), const QString& toolID);
+
     const ToolCatalogue& m_catalogue;
     MarkdownToolViewModel m_markdown;
     JSONToolViewModel m_json;

@@ -3,6 +3,7 @@
 #include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "shell/AppShellView.h"
+#include "shell/CommandNote.h"
 #include "shell/ToolCatalogue.h"
 #include "shell/ToolCommandAction.h"
 
@@ -26,6 +27,8 @@ void ViewCommands::addTools() {
     for (const auto* const tool : m_window.catalogue().inSidebarOrder()) {
         auto* const action = addAction(tool->name);
         action->setCheckable(true);
+        action->setData(QVariant::fromValue(
+            CommandNote{.kind = CommandNote::Kind::tool, .symbol = tool->symbol, .detail = {}}));
         action->setShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + number++));
         group->addAction(action);
         m_window.addAction(action);

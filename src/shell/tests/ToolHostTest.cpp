@@ -1,8 +1,11 @@
 #include "shell/ToolHost.h"
 
+#include "common/testing/WaitUntil.h"
 #include "shell/tests/FakeTool.h"
 
+#include <QFile>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -53,6 +56,34 @@ TEST(ToolHostTest, HandsAFileToTheToolThatAcceptsItAndToNoOther) {
     EXPECT_EQ(host.open(fileUrl("/a/notes.pdf")), std::nullopt);
     EXPECT_EQ(openedByTable, QList<QUrl>{fileUrl("/a/TABLE.CSV")});
     EXPECT_TRUE(openedByProse.isEmpty());
+}
+
+TEST(ToolHostTest, AnnouncesTheFilesThatTheToolsHaveRead) {
+    const ToolCatalogue catalogue({});
+    const QTemporaryDir folder;
+    QSettings settings(folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+    ToolHost host(catalogue, settings);
+    QFile file(folder.filePath(QStringLiteral("file")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("1");
+    file.close();
+
+    QSignalSpy opened(&host, &ToolHost::fileOpened);
+    const auto opens = [&](auto& model, const char* toolID) {
+        model.open(folder.filePath(QStringLiteral("missing")));
+        model.open(file.fileName());
+        ASSERT_TRUE(waitUntil([&] { return !opened.isEmpty(); })) << toolID;
+        EXPECT_EQ(opened.takeFirst(), (QVariantList{file.fileName(), QString::fromUtf8(toolID)}));
+    };
+    opens(host.markdown(), "markdown");
+    opens(host.json(), "json");
+    opens(host.csv(), "csv");
+    opens(host.mermaid(), "mermaid");
+    opens(host.codec(), "codec");
+    host.csv().setText(QStringLiteral("a,b"));
+    waitUntil([&] { return !host.csv().isWorking(); });
+    host.codec().clear();
+    EXPECT_TRUE(opened.isEmpty()) << "what is pasted is no file";
 }
 
 } // namespace

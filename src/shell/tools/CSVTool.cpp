@@ -1,6 +1,7 @@
 #include "shell/tools/CSVTool.h"
 
 #include "csv/CSVToolView.h"
+#include "shell/PastedText.h"
 #include "shell/ToolHost.h"
 
 #include <QUrl>
@@ -17,6 +18,10 @@ ToolView* CSVTool::makeView(ToolHost& host) const {
 
 void CSVTool::open(const QUrl& url, ToolHost& host) const {
     host.csv().open(url.toLocalFile());
+}
+
+void CSVTool::paste(const PastedText& pasted, ToolHost& host) const {
+    host.csv().setText(pasted.text);
 }
 
 } // namespace tarnquill

@@ -9,6 +9,8 @@ class CodecTool : public Tool {
 public:
     CodecTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+    void open(const QUrl& url, ToolHost& host) const override;
+    void paste(const PastedText& pasted, ToolHost& host) const override;
 };
 
 } // namespace tarnquill

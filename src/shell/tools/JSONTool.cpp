@@ -1,5 +1,6 @@
 #include "shell/tools/JSONTool.h"
 
+#include "shell/PastedText.h"
 #include "shell/ToolHost.h"
 #include "json/JSONToolView.h"
 
@@ -17,6 +18,10 @@ ToolView* JSONTool::makeView(ToolHost& host) const {
 
 void JSONTool::open(const QUrl& url, ToolHost& host) const {
     host.json().open(url.toLocalFile());
+}
+
+void JSONTool::paste(const PastedText& pasted, ToolHost& host) const {
+    host.json().replaceText(pasted.buffer);
 }
 
 } // namespace tarnquill

@@ -10,6 +10,7 @@ public:
     JSONTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
     void open(const QUrl& url, ToolHost& host) const override;
+    void paste(const PastedText& pasted, ToolHost& host) const override;
 };
 
 } // namespace tarnquill

@@ -9,6 +9,7 @@ class JWTTool : public Tool {
 public:
     JWTTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+    void paste(const PastedText& pasted, ToolHost& host) const override;
 };
 
 } // namespace tarnquill

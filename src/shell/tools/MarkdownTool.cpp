@@ -1,6 +1,7 @@
 #include "shell/tools/MarkdownTool.h"
 
 #include "markdown/MarkdownToolView.h"
+#include "shell/PastedText.h"
 #include "shell/ToolHost.h"
 
 #include <QUrl>
@@ -19,6 +20,10 @@ ToolView* MarkdownTool::makeView(ToolHost& host) const {
 
 void MarkdownTool::open(const QUrl& url, ToolHost& host) const {
     host.markdown().open(url.toLocalFile());
+}
+
+void MarkdownTool::paste(const PastedText& pasted, ToolHost& host) const {
+    host.markdown().replaceText(pasted.buffer);
 }
 
 } // namespace tarnquill

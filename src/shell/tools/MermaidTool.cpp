@@ -1,6 +1,8 @@
 #include "shell/tools/MermaidTool.h"
 
+#include "mermaid/MermaidFence.h"
 #include "mermaid/MermaidToolView.h"
+#include "shell/PastedText.h"
 #include "shell/ToolHost.h"
 
 #include <QUrl>
@@ -18,6 +20,12 @@ ToolView* MermaidTool::makeView(ToolHost& host) const {
 
 void MermaidTool::open(const QUrl& url, ToolHost& host) const {
     host.mermaid().open(url.toLocalFile());
+}
+
+void MermaidTool::paste(const PastedText& pasted, ToolHost& host) const {
+    const QStringView text(pasted.text);
+    const auto block = MermaidFence::firstBlock({text.utf16(), static_cast<std::size_t>(text.size())});
+    host.mermaid().replaceText(block ? TextBuffer(*block) : pasted.buffer);
 }
 
 } // namespace tarnquill

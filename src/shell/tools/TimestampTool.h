@@ -9,6 +9,7 @@ class TimestampTool : public Tool {
 public:
     TimestampTool();
     [[nodiscard]] ToolView* makeView(ToolHost& host) const override;
+    void paste(const PastedText& pasted, ToolHost& host) const override;
 };
 
 } // namespace tarnquill
