@@ -14,14 +14,15 @@ constexpr double kHandoverDistance = 200;
 void ScrollSyncController::userScrolled(Pane pane, double distance, double windowY,
                                         const std::function<double(double)>& lineAt) {
     if (m_mode != Mode::scrolling || m_leader != pane || !m_handoverStart) {
-        m_handoverStart = m_current ? m_current->windowY : windowY;
+        m_handoverStart = m_current ? std::optional(m_current->windowY) : std::nullopt;
         m_scrolled = 0;
         m_mode = Mode::scrolling;
         m_leader = pane;
     }
     m_scrolled += std::abs(distance);
     const auto progress = std::min(m_scrolled / kHandoverDistance, 1.0);
-    const auto height = *m_handoverStart + (windowY - *m_handoverStart) * progress;
+    const auto start = m_handoverStart.value_or(windowY);
+    const auto height = start + (windowY - start) * progress;
     m_current = Level{.line = lineAt(height), .windowY = height};
     apply(Motion::jump);
 }
