@@ -85,6 +85,7 @@ void WebEngine::finishLoad(bool isLoaded) {
         fail(tr("The web engine could not be loaded: %1").arg(loader.errorString()));
         return;
     }
+    m_failure.clear();
     m_module->registerSchemes(schemes());
     Q_EMIT ready();
 }

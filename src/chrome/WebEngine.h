@@ -25,7 +25,8 @@ public:
     // Loads the module in the background, unless it is there: ready() or failed() follows.
     void load();
     [[nodiscard]] WebEngineModule* module() const { return m_module; }
-    // Why it cannot be loaded, as a sentence for the user; nothing before failed().
+    // Why it cannot be loaded, as a sentence for the user; nothing unless the last try
+    // failed.
     [[nodiscard]] const QString& failure() const { return m_failure; }
 
 Q_SIGNALS:

@@ -1,14 +1,11 @@
 // A web view for a page of the program's own. The page can load only what it is allowed to, cannot be left,
 // follows the theme, talks with the program, and comes back by itself when its process has died.
 //
-//     auto* view = new WebPageView({.messageHandlers = {u"sync"_s},
-//                                   .allowsRequest = [](const QUrl& url, WebPage::Resource kind) { … }});
-//     connect(view, &WebPageView::loaded, …);                       // now, and after every reload
-//     connect(view, &WebPageView::messageReceived, …);              //
-//     webkit.messageHandlers.sync.postMessage() view->loadAddress(QUrl(u"qrc:/folder/page.html"_s)); // or
-//     loadHtml() with a text below 2 MB view->run(u"update()"_s);                                     //
-//     after loaded() view->call(u"return await draw(code);"_s, {{u"code"_s, text}}, [](const auto& result) {
-//     … });
+//     auto* view = new WebPageView({.messageHandlers = {u"sync"_s}, .allowsRequest = …});
+//     connect(view, &WebPageView::loaded, …);           // now, and after every reload
+//     connect(view, &WebPageView::messageReceived, …);  // the page called postMessage()
+//     view->loadAddress(QUrl(u"qrc:/folder/page.html"_s));
+//     view->run(u"update()"_s);                         // once it is loaded
 //
 // The engine is started when the view has been painted for the first time; what is asked before is done then.
 //

@@ -43,7 +43,7 @@ QUrl feedbackMail() {
 HelpCommands::HelpCommands(AppShellView& window, const QList<QMenu*>& menus)
     : QMenu(tr("Help"), &window), m_window(window) {
     auto* const keys = addAction(tr("Keyboard Shortcuts"), this, [this, menus] {
-        SecondaryWindow::present<ShortcutsWindow>(m_window, menus);
+        SecondaryWindow::present<ShortcutsWindow>(m_window, menus + QList<QMenu*>{this});
     });
     keys->setShortcut(QKeySequence::HelpContents);
     addSeparator();
