@@ -80,11 +80,26 @@ std::string rawFromDER(std::string_view der, std::size_t coordinateSize) {
     return raw;
 }
 
+bool verifiesWith(EVP_PKEY* key, Algorithm algorithm, std::string_view input, std::string_view signature) {
+    const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), &EVP_MD_CTX_free);
+    EVP_PKEY_CTX* keyContext = nullptr;
+    require(EVP_DigestVerifyInit(context.get(), &keyContext, digest(algorithm), nullptr, key) == 1);
+    setPadding(keyContext, algorithm);
+    return EVP_DigestVerify(context.get(), bytesOf(signature), signature.size(), bytesOf(input),
+                            input.size()) == 1;
+}
+
 } // namespace
 
 SigningKey::SigningKey(Algorithm algorithm)
     : m_algorithm(algorithm), m_key(generate(algorithm), EVP_PKEY_free) {
-    require(m_key != nullptr || family(algorithm) == Family::hmac);
+    if (family(algorithm) == Family::hmac) {
+        return;
+    }
+    require(m_key != nullptr);
+    OSSL_PARAM* numbers = nullptr;
+    require(EVP_PKEY_todata(m_key.get(), EVP_PKEY_PUBLIC_KEY, &numbers) == 1);
+    m_publicNumbers.reset(numbers, OSSL_PARAM_free);
 }
 
 SigningKey::SigningKey(Algorithm algorithm, const std::string& publicText) : m_algorithm(algorithm) {
@@ -145,12 +160,21 @@ bool SigningKey::verifies(std::string_view input, std::string_view nativeSignatu
         return expected.size() == nativeSignature.size() &&
                CRYPTO_memcmp(expected.data(), nativeSignature.data(), expected.size()) == 0;
     }
-    const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), &EVP_MD_CTX_free);
-    EVP_PKEY_CTX* keyContext = nullptr;
-    require(EVP_DigestVerifyInit(context.get(), &keyContext, digest(m_algorithm), nullptr, m_key.get()) == 1);
-    setPadding(keyContext, m_algorithm);
-    return EVP_DigestVerify(context.get(), bytesOf(nativeSignature), nativeSignature.size(), bytesOf(input),
-                            input.size()) == 1;
+    return verifiesWith(m_key.get(), m_algorithm, input, nativeSignature);
+}
+
+bool SigningKey::verifiesAnew(std::string_view input, std::string_view nativeSignature) const {
+    if (!m_key) {
+        return verifies(input, nativeSignature);
+    }
+    const std::unique_ptr<EVP_PKEY_CTX, decltype(&EVP_PKEY_CTX_free)> context(
+        EVP_PKEY_CTX_new_from_name(nullptr, EVP_PKEY_get0_type_name(m_key.get()), nullptr),
+        &EVP_PKEY_CTX_free);
+    EVP_PKEY* key = nullptr;
+    require(EVP_PKEY_fromdata_init(context.get()) == 1 &&
+            EVP_PKEY_fromdata(context.get(), &key, EVP_PKEY_PUBLIC_KEY, m_publicNumbers.get()) == 1);
+    const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> owner(key, &EVP_PKEY_free);
+    return verifiesWith(key, m_algorithm, input, nativeSignature);
 }
 
 std::string SigningKey::publicText() const {

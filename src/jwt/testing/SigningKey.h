@@ -4,6 +4,7 @@
 #include "jwt/JWTAlgorithm.h"
 
 #include <openssl/evp.h>
+#include <openssl/params.h>
 
 #include <memory>
 #include <string>
@@ -33,6 +34,8 @@ public:
     // As OpenSSL writes it, and its verdict on it: what is left when nothing has to be read or converted.
     [[nodiscard]] std::string nativeSignature(std::string_view input) const;
     [[nodiscard]] bool verifies(std::string_view input, std::string_view nativeSignature) const;
+    // The same with a key that OpenSSL first makes of this one's numbers, as whoever keeps none has to.
+    [[nodiscard]] bool verifiesAnew(std::string_view input, std::string_view nativeSignature) const;
 
     // What checks the signatures: a PEM, or the secret.
     [[nodiscard]] std::string publicText() const;
@@ -42,6 +45,7 @@ private:
 
     JWTVerifier::Algorithm m_algorithm;
     std::shared_ptr<EVP_PKEY> m_key;
+    std::shared_ptr<OSSL_PARAM> m_publicNumbers;
 };
 
 } // namespace tarnquill
