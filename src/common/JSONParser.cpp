@@ -58,32 +58,18 @@ char unescaped(char character) {
     }
 }
 
-void appendUTF8(std::string& text, unsigned codePoint) {
-    const auto put = [&](unsigned byte) { text += static_cast<char>(byte); };
-    const auto putContinuation = [&](unsigned shift) { put(0x80 | ((codePoint >> shift) & 0x3F)); };
-    if (codePoint < 0x80) {
-        put(codePoint);
-    } else if (codePoint < 0x800) {
-        put(0xC0 | (codePoint >> 6));
-        putContinuation(0);
-    } else if (codePoint < 0x10000) {
-        put(0xE0 | (codePoint >> 12));
-        putContinuation(6);
-        putContinuation(0);
-    } else {
-        put(0xF0 | (codePoint >> 18));
-        putContinuation(12);
-        putContinuation(6);
-        putContinuation(0);
-    }
-}
-
 } // namespace
 
 static_assert(std::numeric_limits<char>::is_signed, "bytes beyond ASCII are told by their sign");
 
 JSONParser::JSONParser(std::string_view source)
-    : m_start(source.data()), m_end(source.data() + source.size()), m_tape(source), m_meeting(m_end) {}
+    : JSONParser(source, JSONTape(source, source.size() < kWorthAThread ? 1 : 2)) {}
+
+JSONParser::JSONParser(std::string_view source, JSONTape tape)
+    : m_start(source.data()),
+      m_end(source.data() + source.size()),
+      m_tape(std::move(tape)),
+      m_meeting(m_end) {}
 
 std::expected<JSONDocument, JSONParser::Fault> JSONParser::parse() {
     startRun();
@@ -238,11 +224,11 @@ const char* JSONParser::parseText(const char* start) {
 }
 
 const char* JSONParser::parseEscapedText(const char* start, const char* escape) {
-    const auto offset = m_tape.decoded.size();
+    const auto offset = m_tape.decodedSize();
     const auto* piece = start + 1;
     const auto* end = escape;
     while (*end == '\\') {
-        m_tape.decoded.append(piece, end);
+        m_tape.appendDecoded({piece, end});
         piece = parseEscape(end);
         if (piece == nullptr) {
             return nullptr;
@@ -252,8 +238,8 @@ const char* JSONParser::parseEscapedText(const char* start, const char* escape) 
             return nullptr;
         }
     }
-    m_tape.decoded.append(piece, end);
-    m_tape.append(JSONTape::Tag::decodedText, offset, m_tape.decoded.size() - offset);
+    m_tape.appendDecoded({piece, end});
+    m_tape.append(JSONTape::Tag::decodedText, offset, m_tape.decodedSize() - offset);
     return end + 1;
 }
 
@@ -266,7 +252,7 @@ const char* JSONParser::parseEscape(const char* start) {
     if (character == '\0') {
         return fail(kind);
     }
-    m_tape.decoded += character;
+    m_tape.appendDecoded(character);
     return kind + 1;
 }
 
@@ -278,7 +264,7 @@ const char* JSONParser::parseUnicodeEscape(const char* start) {
     }
     const auto* next = start + kLength;
     if (*unit < kFirstLead || *unit > kLastTrail) {
-        appendUTF8(m_tape.decoded, *unit);
+        appendUTF8(*unit);
         return next;
     }
     if (*unit >= kFirstTrail) {
@@ -297,7 +283,7 @@ const char* JSONParser::parseUnicodeEscape(const char* start) {
     if (*trail < kFirstTrail || *trail > kLastTrail) {
         return fail(next + 2);
     }
-    appendUTF8(m_tape.decoded, 0x10000 + ((*unit - kFirstLead) << 10) + (*trail - kFirstTrail));
+    appendUTF8(0x10000 + ((*unit - kFirstLead) << 10) + (*trail - kFirstTrail));
     return next + kLength;
 }
 
@@ -411,6 +397,26 @@ std::optional<unsigned> JSONParser::hexUnit(const char* start) {
         unit = unit * 16 + static_cast<unsigned>(digit);
     }
     return unit;
+}
+
+void JSONParser::appendUTF8(unsigned codePoint) {
+    const auto put = [&](unsigned byte) { m_tape.appendDecoded(static_cast<char>(byte)); };
+    const auto putContinuation = [&](unsigned shift) { put(0x80 | ((codePoint >> shift) & 0x3F)); };
+    if (codePoint < 0x80) {
+        put(codePoint);
+    } else if (codePoint < 0x800) {
+        put(0xC0 | (codePoint >> 6));
+        putContinuation(0);
+    } else if (codePoint < 0x10000) {
+        put(0xE0 | (codePoint >> 12));
+        putContinuation(6);
+        putContinuation(0);
+    } else {
+        put(0xF0 | (codePoint >> 18));
+        putContinuation(12);
+        putContinuation(6);
+        putContinuation(0);
+    }
 }
 
 bool JSONParser::enter(const char* start) {

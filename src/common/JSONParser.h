@@ -34,6 +34,11 @@ public:
     [[nodiscard]] std::expected<JSONDocument, Fault> parse();
 
 private:
+    // The size from which a text takes longer to parse than a thread takes to start.
+    static constexpr std::size_t kWorthAThread = std::size_t{1} << 20;
+
+    JSONParser(std::string_view source, JSONTape tape);
+
     // Elements of an array that stand one after another, on the tape of a parser of their own.
     struct Run {
         std::unique_ptr<JSONParser> parser;
@@ -63,6 +68,7 @@ private:
     const char* pastDigits(const char* start) const;
     const char* pastSpace(const char* start) const;
     std::optional<unsigned> hexUnit(const char* start);
+    void appendUTF8(unsigned codePoint);
 
     [[nodiscard]] bool isAt(const char* place, char character) const {
         return place != m_end && *place == character;
@@ -77,7 +83,7 @@ private:
     // place, takes over what the first has found. It parses on by itself when it does not come there, and
     // when there was a fault behind the guessed place, so the result is the same as one thread's.
     void startRun();
-    [[nodiscard]] std::optional<Run> runFrom(const char* place) const;
+    [[nodiscard]] std::optional<Run> runFrom(const char* place, const JSONTape& tape) const;
     [[nodiscard]] const char* likelyElement(const char* start) const;
     const char* parseWithRun(const char* start, std::size_t& count);
 

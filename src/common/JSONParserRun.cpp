@@ -7,31 +7,28 @@ namespace tarnquill {
 
 namespace {
 
-// The size from which a text takes longer to parse than a thread takes to start.
-constexpr std::ptrdiff_t kWorthAThread = std::ptrdiff_t{1} << 20;
-
 constexpr std::string_view kWhiteSpace = " \n\r\t";
 
 } // namespace
 
 void JSONParser::startRun() {
-    const auto size = m_end - m_start;
-    if (size < kWorthAThread) {
+    const std::string_view text(m_start, m_end);
+    if (text.size() < kWorthAThread) {
         return;
     }
-    if (const auto* place = likelyElement(m_start + size / 2); place != nullptr) {
+    if (const auto* place = likelyElement(m_start + text.size() / 2); place != nullptr) {
         m_meeting = place;
-        m_coming =
-            std::async(std::launch::async | std::launch::deferred, [this, place] { return runFrom(place); });
+        m_coming = std::async(std::launch::async | std::launch::deferred,
+                              [this, place, tape = m_tape.secondPart()] { return runFrom(place, tape); });
     }
 }
 
 // Runs on the second thread, and so reads nothing that the first one changes.
-std::optional<JSONParser::Run> JSONParser::runFrom(const char* place) const {
+std::optional<JSONParser::Run> JSONParser::runFrom(const char* place, const JSONTape& tape) const {
     // The first guess may lie in a small array within an element of the large one, or in a text.
     constexpr int kMostGuesses = 8;
     for (int guess = 0; guess < kMostGuesses && place != nullptr; ++guess) {
-        Run run{.parser = std::make_unique<JSONParser>(std::string_view(m_start, m_end)),
+        Run run{.parser = std::unique_ptr<JSONParser>(new JSONParser({m_start, m_end}, tape)),
                 .start = place,
                 .end = nullptr};
         run.end = run.parser->parseElements(place, run.count);
@@ -60,7 +57,8 @@ const char* JSONParser::likelyElement(const char* start) const {
     return nullptr;
 }
 
-// The elements that the run has from here on or, when there are none, one element.
+// The elements that the run has from here on or, when there are none, one element. Takes the word of the
+// element before this one.
 const char* JSONParser::parseWithRun(const char* start, std::size_t& count) {
     if (m_coming.valid()) {
         m_run = m_coming.get();
@@ -72,7 +70,7 @@ const char* JSONParser::parseWithRun(const char* start, std::size_t& count) {
         return parseValue(start);
     }
     const auto run = *std::exchange(m_run, std::nullopt);
-    m_tape.append(run.parser->m_tape);
+    m_tape.goOn(run.parser->m_tape);
     m_droppedDuplicates += run.parser->m_droppedDuplicates;
     if (!m_overflow) {
         m_overflow = run.parser->m_overflow;

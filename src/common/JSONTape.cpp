@@ -1,46 +1,31 @@
 #include "common/JSONTape.h"
 
-#include "common/LargePages.h"
-
-#include <algorithm>
-#include <new>
+#include "common/ReservedMemory.h"
 
 namespace tarnquill {
 
-// Documents of all kinds have a value or a key for every so many bytes, so that most tapes never grow.
-constexpr std::size_t kUsualBytesPerWord = 8;
+JSONTape::JSONTape(std::string_view source, std::size_t parts)
+    : m_source(source),
+      m_room(reservedMemory(parts * source.size() * (sizeof(std::uint64_t) + 1))),
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
+      m_words(reinterpret_cast<std::uint64_t*>(m_room.get())),
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
+      m_decoded(reinterpret_cast<char*>(m_words + parts * source.size())) {}
 
-void JSONTape::append(const JSONTape& other) {
-    const auto start = m_size;
-    m_size += other.m_size;
-    if (m_size > m_capacity) {
-        grow(m_size);
-    }
-    for (std::size_t i = 0; i < other.m_size; ++i) {
-        const auto tag = other.tag(i);
-        const auto shift = tag >= Tag::alias ? start : tag == Tag::decodedText ? decoded.size() : 0;
-        m_words[start + i] = other.m_words[i] + shift;
-    }
-    for (const auto& [word, length] : other.m_longLengths) {
-        m_longLengths.emplace_back(start + word, length);
-    }
-    decoded += other.decoded;
+JSONTape JSONTape::secondPart() const {
+    auto part = *this;
+    part.m_size = m_source.size();
+    part.m_decodedSize = m_source.size();
+    part.m_longLengths.clear();
+    return part;
 }
 
-// By realloc, which moves the pages of a large block instead of copying it.
-void JSONTape::grow(std::size_t leastCapacity) {
-    constexpr std::size_t kLeastCapacity = 16;
-    const auto usual = m_capacity == 0 ? m_source.size() / kUsualBytesPerWord : m_capacity * 2;
-    const auto capacity = std::max({usual, leastCapacity, kLeastCapacity});
-    const auto size = capacity * sizeof(std::uint64_t);
-    auto* words = static_cast<std::uint64_t*>(std::realloc(m_words.get(), size));
-    if (words == nullptr) {
-        throw std::bad_alloc();
-    }
-    static_cast<void>(m_words.release());
-    m_words.reset(words);
-    m_capacity = capacity;
-    adviseLargePages(words, size);
+void JSONTape::goOn(const JSONTape& secondPart) {
+    append(Tag::gap, m_source.size());
+    m_size = secondPart.m_size;
+    m_decodedSize = secondPart.m_decodedSize;
+    m_longLengths.insert(m_longLengths.end(), secondPart.m_longLengths.begin(),
+                         secondPart.m_longLengths.end());
 }
 
 } // namespace tarnquill

@@ -3,9 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -14,10 +12,15 @@ namespace tarnquill {
 
 // An array word is followed by its elements, an object word by its members, each a key and a value. Texts
 // (with their quotation marks) and numbers are positions in the source, texts that were written with escapes
-// are positions in `decoded` (without).
+// are positions among the decoded characters (without).
 //
 // When a key occurs again, nothing moves: the first member's value becomes an `alias` of the last one's, and
 // what has thereby become unreachable is jumped over by a `gap` that stands where a key would.
+//
+// A value and a key take a character of the source at least, and a decoded text is no longer than its
+// literal, so the room for both is known beforehand and nothing ever moves to make more. A tape has one or
+// two parts of that room. Two parsers may write them at the same time; in the end one tape goes on where the
+// other's begins.
 class JSONTape {
 public:
     enum class Tag : std::uint8_t {
@@ -37,7 +40,10 @@ public:
     static constexpr std::size_t kPositionBits = 36;
     static constexpr std::size_t kLargestPosition = (std::size_t{1} << kPositionBits) - 1;
 
-    explicit JSONTape(std::string_view source) : m_source(source) {}
+    JSONTape(std::string_view source, std::size_t parts);
+
+    // An empty tape that is written in the second part of this one's room.
+    [[nodiscard]] JSONTape secondPart() const;
 
     [[nodiscard]] std::string_view source() const { return m_source; }
 
@@ -55,6 +61,14 @@ public:
         return tag(index) >= Tag::array ? position(index) : index + 1;
     }
 
+    // The first word from the index on that is no gap. The end is that of the container.
+    [[nodiscard]] std::size_t pastGaps(std::size_t index, std::size_t end) const {
+        while (index != end && tag(index) == Tag::gap) {
+            index = position(index);
+        }
+        return index;
+    }
+
     // A number or a text without escapes, as it stands in the source.
     [[nodiscard]] std::string_view literal(std::size_t index) const {
         return {m_source.data() + position(index), length(index)};
@@ -63,21 +77,15 @@ public:
     // The characters of a text.
     [[nodiscard]] std::string_view text(std::size_t index) const {
         if (tag(index) == Tag::decodedText) {
-            return {decoded.data() + position(index), length(index)};
+            return {m_decoded + position(index), length(index)};
         }
         return {m_source.data() + position(index) + 1, length(index) - 2};
     }
 
     std::size_t append(Tag tag, std::size_t position = 0, std::size_t length = 0) {
-        if (m_size == m_capacity) {
-            grow(m_size + 1);
-        }
         set(m_size, tag, position, length);
         return m_size++;
     }
-
-    // The words of another tape for the same source, whose containers have all been closed.
-    void append(const JSONTape& other);
 
     void set(std::size_t index, Tag tag, std::size_t position = 0, std::size_t length = 0) {
         if (length >= kLongLength) {
@@ -87,13 +95,17 @@ public:
         m_words[index] = (static_cast<std::uint64_t>(tag) << 60) | (length << kPositionBits) | position;
     }
 
-    std::string decoded;
+    // Goes on with what the second part holds, where an element of an array follows another.
+    void goOn(const JSONTape& secondPart);
+
+    [[nodiscard]] std::size_t decodedSize() const { return m_decodedSize; }
+    void appendDecoded(char character) { m_decoded[m_decodedSize++] = character; }
+    void appendDecoded(std::string_view characters) {
+        characters.copy(m_decoded + m_decodedSize, characters.size());
+        m_decodedSize += characters.size();
+    }
 
 private:
-    struct Free {
-        void operator()(std::uint64_t* words) const { std::free(words); }
-    };
-
     // The longest length that a word has room for; longer ones, of which a document holds few, stand apart.
     static constexpr std::size_t kLongLength = (std::size_t{1} << (60 - kPositionBits)) - 1;
 
@@ -106,12 +118,12 @@ private:
         return 0;
     }
 
-    void grow(std::size_t leastCapacity);
-
     std::string_view m_source;
-    std::unique_ptr<std::uint64_t[], Free> m_words;
+    std::shared_ptr<std::byte[]> m_room; // the words of all parts, then their decoded characters
+    std::uint64_t* m_words;
+    char* m_decoded;
     std::size_t m_size = 0;
-    std::size_t m_capacity = 0;
+    std::size_t m_decodedSize = 0;
     std::vector<std::pair<std::size_t, std::size_t>> m_longLengths;
 };
 

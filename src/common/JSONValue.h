@@ -74,11 +74,12 @@ public:
         using value_type = JSONValue;
 
         Iterator() = default;
-        Iterator(const JSONTape& tape, std::size_t index) : m_tape(&tape), m_index(index) {}
+        Iterator(const JSONTape& tape, std::size_t index, std::size_t end)
+            : m_tape(&tape), m_index(index), m_end(end) {}
 
         JSONValue operator*() const { return {*m_tape, m_index}; }
         Iterator& operator++() {
-            m_index = m_tape->end(m_index);
+            m_index = m_tape->pastGaps(m_tape->end(m_index), m_end);
             return *this;
         }
         Iterator operator++(int) {
@@ -91,10 +92,11 @@ public:
     private:
         const JSONTape* m_tape = nullptr;
         std::size_t m_index = 0;
+        std::size_t m_end = 0;
     };
 
     Elements(const JSONTape& tape, std::size_t first, std::size_t end)
-        : m_begin(tape, first), m_end(tape, end) {}
+        : m_begin(tape, first, end), m_end(tape, end, end) {}
 
     [[nodiscard]] Iterator begin() const { return m_begin; }
     [[nodiscard]] Iterator end() const { return m_end; }
@@ -113,9 +115,7 @@ public:
 
         Iterator() = default;
         Iterator(const JSONTape& tape, std::size_t index, std::size_t end)
-            : m_tape(&tape), m_index(index), m_end(end) {
-            skipGaps();
-        }
+            : m_tape(&tape), m_index(tape.pastGaps(index, end)), m_end(end) {}
 
         JSONMember operator*() const {
             const auto next = m_index + 1;
@@ -123,8 +123,7 @@ public:
             return {.key = {*m_tape, m_index}, .value = {*m_tape, value}};
         }
         Iterator& operator++() {
-            m_index = m_tape->end(m_index + 1);
-            skipGaps();
+            m_index = m_tape->pastGaps(m_tape->end(m_index + 1), m_end);
             return *this;
         }
         Iterator operator++(int) {
@@ -135,12 +134,6 @@ public:
         friend bool operator==(const Iterator& a, const Iterator& b) { return a.m_index == b.m_index; }
 
     private:
-        void skipGaps() {
-            while (m_index != m_end && m_tape->tag(m_index) == JSONTape::Tag::gap) {
-                m_index = m_tape->position(m_index);
-            }
-        }
-
         const JSONTape* m_tape = nullptr;
         std::size_t m_index = 0;
         std::size_t m_end = 0;
