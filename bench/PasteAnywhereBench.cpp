@@ -7,6 +7,7 @@
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
 #include "codec/Base64.h"
+#include "common/Settings.h"
 #include "shell/ChoicePanel.h"
 #include "shell/ClipboardKinds.h"
 #include "shell/LaunchRequest.h"
@@ -16,7 +17,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QListView>
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -107,7 +107,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     Theme::instance().install(application);
     const QTemporaryDir folder;
-    QSettings settings(folder.filePath(u"settings.ini"_s), QSettings::IniFormat);
+    Settings settings(folder.filePath(u"settings.ini"_s));
     TarnquillApp app(settings);
     app.mainWindow().selectTool(u"json"_s);
     app.open({.files = {}});

@@ -5,12 +5,12 @@
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
 #include "codec/CodecToolView.h"
+#include "common/Settings.h"
 #include "timestamp/TimestampField.h"
 #include "timestamp/TimestampToolView.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -82,7 +82,7 @@ public:
 
     void pasteIntoTimestamp() {
         const QTemporaryDir folder;
-        QSettings settings(folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+        Settings settings(folder.filePath(QStringLiteral("settings.ini")));
         TimestampToolViewModel model(settings);
         TimestampToolView view(model);
         show(view);

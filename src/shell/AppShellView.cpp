@@ -6,6 +6,7 @@
 #include "chrome/PaneButton.h"
 #include "chrome/Splitter.h"
 #include "chrome/Toolbar.h"
+#include "common/Settings.h"
 #include "shell/PlaceholderView.h"
 #include "shell/SidebarView.h"
 #include "shell/ToolCatalogue.h"
@@ -13,7 +14,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QSettings>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -27,15 +27,14 @@ constexpr QSize kMinimumSize(980, 580);
 constexpr QSize kIdealSize(1280, 800);
 
 // The window's own part of the settings.
-const QString kGroup = u"main"_s;
-const QString kSelectedToolID = u"selectedToolID"_s;
-const QString kGeometry = u"geometry"_s;
-const QString kSidebarShown = u"sidebarShown"_s;
-const QString kSidebarWidth = u"sidebarWidth"_s;
+const QString kSelectedToolID = u"main/selectedToolID"_s;
+const QString kGeometry = u"main/geometry"_s;
+const QString kSidebarShown = u"main/sidebarShown"_s;
+const QString kSidebarWidth = u"main/sidebarWidth"_s;
 
 } // namespace
 
-AppShellView::AppShellView(const ToolCatalogue& catalogue, QSettings& settings,
+AppShellView::AppShellView(const ToolCatalogue& catalogue, Settings& settings,
                            const SupportPrompt::Clock& clock)
     : m_catalogue(catalogue),
       m_settings(settings),
@@ -76,7 +75,7 @@ void AppShellView::selectTool(const QString& toolID) {
         return;
     }
     m_selectedToolID = toolID;
-    m_settings.setValue(kGroup + u'/' + kSelectedToolID, toolID);
+    m_settings.setValue(kSelectedToolID, toolID);
     showSelectedTool();
     Q_EMIT selectedToolChanged();
 }
@@ -162,7 +161,7 @@ void AppShellView::setSidebarShown(bool shown) {
         return;
     }
     m_sidebar->setVisible(shown);
-    m_settings.setValue(kGroup + u'/' + kSidebarShown, shown);
+    m_settings.setValue(kSidebarShown, shown);
     Q_EMIT sidebarShownChanged(shown);
 }
 
@@ -196,16 +195,13 @@ void AppShellView::closeEvent(QCloseEvent* event) {
 }
 
 void AppShellView::save() {
-    m_settings.beginGroup(kGroup);
     m_settings.setValue(kGeometry, saveGeometry());
     if (isSidebarShown()) {
         m_settings.setValue(kSidebarWidth, m_sidebar->width());
     }
-    m_settings.endGroup();
 }
 
 void AppShellView::restore() {
-    m_settings.beginGroup(kGroup);
     if (!restoreGeometry(m_settings.value(kGeometry).toByteArray())) {
         resize(kIdealSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     }
@@ -213,7 +209,6 @@ void AppShellView::restore() {
     m_split->setSizes({sidebarWidth, width() - sidebarWidth});
     m_sidebar->setVisible(m_settings.value(kSidebarShown, true).toBool());
     m_selectedToolID = m_settings.value(kSelectedToolID, u"markdown"_s).toString();
-    m_settings.endGroup();
     showSelectedTool();
 }
 

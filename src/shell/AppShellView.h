@@ -11,11 +11,11 @@
 #include <QWidget>
 
 class QMenu;
-class QSettings;
 class QStackedWidget;
 
 namespace tarnquill {
 
+class Settings;
 class SidebarView;
 class Splitter;
 class ToolView;
@@ -26,7 +26,7 @@ class AppShellView : public QWidget {
 public:
     // Restores the window's place and selected tool from the settings and keeps them there. The catalogue and
     // the settings must outlive the view.
-    AppShellView(const ToolCatalogue& catalogue, QSettings& settings,
+    AppShellView(const ToolCatalogue& catalogue, Settings& settings,
                  const SupportPrompt::Clock& clock = &QDateTime::currentDateTime);
     ~AppShellView() override;
 
@@ -80,7 +80,7 @@ private:
     void save();
 
     const ToolCatalogue& m_catalogue;
-    QSettings& m_settings;
+    Settings& m_settings;
     ToolHost m_host;
     RecentFiles m_recentFiles;
     SidebarView* m_sidebar;

@@ -2,9 +2,9 @@
 
 #include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
+#include "common/Settings.h"
 
 #include <QFontDatabase>
-#include <QSettings>
 
 #include <array>
 
@@ -29,7 +29,7 @@ const std::array kAppearances{
 
 } // namespace
 
-Preferences::Preferences(QSettings& settings, QObject* parent) : QObject(parent), m_settings(settings) {
+Preferences::Preferences(Settings& settings, QObject* parent) : QObject(parent), m_settings(settings) {
     restore();
     connect(&Theme::instance(), &Theme::appearanceChanged, this, &Preferences::store);
     connect(&EditorOptions::instance(), &EditorOptions::changed, this, &Preferences::store);

@@ -3,9 +3,9 @@
 
 #include <QObject>
 
-class QSettings;
-
 namespace tarnquill {
+
+class Settings;
 
 class Preferences : public QObject {
     Q_OBJECT
@@ -13,13 +13,13 @@ class Preferences : public QObject {
 public:
     // Gives Theme and EditorOptions what was chosen last (nothing for what cannot be understood), and stores
     // every later choice as soon as it is made. The settings must outlive this.
-    explicit Preferences(QSettings& settings, QObject* parent = nullptr);
+    explicit Preferences(Settings& settings, QObject* parent = nullptr);
 
 private:
     void restore();
     void store();
 
-    QSettings& m_settings;
+    Settings& m_settings;
 };
 
 } // namespace tarnquill

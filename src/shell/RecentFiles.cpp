@@ -1,6 +1,6 @@
 #include "shell/RecentFiles.h"
 
-#include <QSettings>
+#include "common/Settings.h"
 
 #include <algorithm>
 
@@ -11,22 +11,27 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kFiles = u"recentFiles"_s;
-const QString kPath = u"path"_s;
-const QString kTool = u"tool"_s;
+const QString kCount = u"recentFiles/size"_s;
+
+QString pathKey(qsizetype number) {
+    return u"recentFiles/%1/path"_s.arg(number);
+}
+
+QString toolKey(qsizetype number) {
+    return u"recentFiles/%1/tool"_s.arg(number);
+}
 
 } // namespace
 
-RecentFiles::RecentFiles(QSettings& settings, QObject* parent) : QObject(parent), m_settings(settings) {
-    const auto count = m_settings.beginReadArray(kFiles);
-    for (int index = 0; index < std::min(count, kMost); ++index) {
-        m_settings.setArrayIndex(index);
-        const File file{.path = m_settings.value(kPath).toString(),
-                        .toolID = m_settings.value(kTool).toString()};
+RecentFiles::RecentFiles(Settings& settings, QObject* parent) : QObject(parent), m_settings(settings) {
+    const auto count = std::min(m_settings.value(kCount).toInt(), kMost);
+    for (int number = 1; number <= count; ++number) {
+        const File file{.path = m_settings.value(pathKey(number)).toString(),
+                        .toolID = m_settings.value(toolKey(number)).toString()};
         if (!file.path.isEmpty()) {
             m_files.append(file);
         }
     }
-    m_settings.endArray();
 }
 
 void RecentFiles::add(const File& file) {
@@ -52,13 +57,11 @@ void RecentFiles::set(const QList<File>& files) {
     }
     m_files = files;
     m_settings.remove(kFiles);
-    m_settings.beginWriteArray(kFiles, static_cast<int>(files.size()));
-    for (int index = 0; index < files.size(); ++index) {
-        m_settings.setArrayIndex(index);
-        m_settings.setValue(kPath, files[index].path);
-        m_settings.setValue(kTool, files[index].toolID);
+    m_settings.setValue(kCount, files.size());
+    for (qsizetype number = 1; number <= files.size(); ++number) {
+        m_settings.setValue(pathKey(number), files[number - 1].path);
+        m_settings.setValue(toolKey(number), files[number - 1].toolID);
     }
-    m_settings.endArray();
     Q_EMIT changed();
 }
 

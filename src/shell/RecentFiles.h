@@ -5,9 +5,9 @@
 #include <QObject>
 #include <QString>
 
-class QSettings;
-
 namespace tarnquill {
+
+class Settings;
 
 class RecentFiles : public QObject {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     };
 
     // The settings must outlive the list.
-    explicit RecentFiles(QSettings& settings, QObject* parent = nullptr);
+    explicit RecentFiles(Settings& settings, QObject* parent = nullptr);
 
     // The newest first.
     [[nodiscard]] const QList<File>& files() const { return m_files; }
@@ -39,7 +39,7 @@ Q_SIGNALS:
 private:
     void set(const QList<File>& files);
 
-    QSettings& m_settings;
+    Settings& m_settings;
     QList<File> m_files;
 };
 

@@ -1,7 +1,8 @@
 #include "shell/SupportPromptController.h"
 
+#include "common/Settings.h"
+
 #include <QDateTime>
-#include <QSettings>
 #include <QStringList>
 
 namespace tarnquill {

@@ -3,14 +3,15 @@
 #pragma once
 
 class QDateTime;
-class QSettings;
 
 namespace tarnquill {
+
+class Settings;
 
 class SupportPromptController {
 public:
     // The settings must outlive the controller.
-    explicit SupportPromptController(QSettings& settings) : m_settings(settings) {}
+    explicit SupportPromptController(Settings& settings) : m_settings(settings) {}
 
     // Remembers the local calendar day of `now` as one on which the program was used.
     void recordLaunch(const QDateTime& now);
@@ -22,7 +23,7 @@ public:
     void optOut();
 
 private:
-    QSettings& m_settings;
+    Settings& m_settings;
 };
 
 } // namespace tarnquill

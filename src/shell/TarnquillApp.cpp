@@ -14,8 +14,7 @@
 
 namespace tarnquill {
 
-TarnquillApp::TarnquillApp(QSettings& settings)
-    : m_preferences(settings), m_window(builtInTools(), settings) {
+TarnquillApp::TarnquillApp(Settings& settings) : m_preferences(settings), m_window(builtInTools(), settings) {
     addMenus();
     qApp->installEventFilter(this);
 }

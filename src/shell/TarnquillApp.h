@@ -7,9 +7,9 @@
 #include <QMenu>
 #include <QObject>
 
-class QSettings;
-
 namespace tarnquill {
+
+class Settings;
 
 struct LaunchRequest;
 
@@ -18,7 +18,7 @@ class TarnquillApp : public QObject {
 
 public:
     // The settings must outlive the application. Needs a QApplication that has its look already.
-    explicit TarnquillApp(QSettings& settings);
+    explicit TarnquillApp(Settings& settings);
 
     [[nodiscard]] AppShellView& mainWindow() { return m_window; }
 

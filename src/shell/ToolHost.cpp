@@ -20,7 +20,7 @@ QString pathExtension(const QUrl& url) {
     return dot > 0 ? name.sliced(dot + 1) : QString();
 }
 
-ToolHost::ToolHost(const ToolCatalogue& catalogue, QSettings& settings, QObject* parent)
+ToolHost::ToolHost(const ToolCatalogue& catalogue, Settings& settings, QObject* parent)
     : QObject(parent), m_catalogue(catalogue), m_timestamp(settings), m_supportPrompt(settings) {
     announceFiles(m_markdown, &MarkdownToolViewModel::fileChanged, u"markdown"_s);
     announceFiles(m_json, &JSONToolViewModel::fileChanged, u"json"_s);

@@ -20,6 +20,7 @@ class QUrl;
 
 namespace tarnquill {
 
+class Settings;
 class ToolCatalogue;
 
 // The name of the file or folder that a local file URL names.
@@ -34,7 +35,7 @@ class ToolHost : public QObject {
 
 public:
     // The catalogue and the settings must outlive the host.
-    ToolHost(const ToolCatalogue& catalogue, QSettings& settings, QObject* parent = nullptr);
+    ToolHost(const ToolCatalogue& catalogue, Settings& settings, QObject* parent = nullptr);
 
     // Hands the file to the first tool that accepts its extension and returns the tool's identifier, or none
     // when no tool accepts it. A file that cannot be read is for the tool's model to report.

@@ -1,4 +1,5 @@
 #include "chrome/Theme.h"
+#include "common/Settings.h"
 #include "shell/ApplicationIcon.h"
 #include "shell/FirstPaint.h"
 #include "shell/LaunchOptions.h"
@@ -6,7 +7,6 @@
 #include "shell/TarnquillApp.h"
 
 #include <QApplication>
-#include <QSettings>
 
 #include <cstdio>
 
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
         return 0;
     }
 
-    QSettings settings;
+    Settings settings;
     Theme::instance().install(application);
     TarnquillApp app(settings);
     QObject::connect(&instance, &SingleInstance::received, &app, &TarnquillApp::open);

@@ -3,10 +3,9 @@
 #include "common/DateText.h"
 #include "common/ICUTimeZone.h"
 #include "common/RelativeTime.h"
+#include "common/Settings.h"
 #include "timestamp/TimestampLines.h"
 #include "timestamp/ZoneCatalogue.h"
-
-#include <QSettings>
 
 #include <chrono>
 #include <utility>
@@ -41,10 +40,10 @@ Instant systemTime() {
 
 } // namespace
 
-TimestampToolViewModel::TimestampToolViewModel(QSettings& settings, QObject* parent)
+TimestampToolViewModel::TimestampToolViewModel(Settings& settings, QObject* parent)
     : TimestampToolViewModel(settings, systemTime, ICUTimeZone::systemZoneName, parent) {}
 
-TimestampToolViewModel::TimestampToolViewModel(QSettings& settings, Clock clock, SystemZone systemZone,
+TimestampToolViewModel::TimestampToolViewModel(Settings& settings, Clock clock, SystemZone systemZone,
                                                QObject* parent)
     : QObject(parent),
       m_settings(settings),

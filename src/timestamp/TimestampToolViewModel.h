@@ -19,9 +19,9 @@
 #include <optional>
 #include <vector>
 
-class QSettings;
-
 namespace tarnquill {
+
+class Settings;
 
 class TimestampToolViewModel : public QObject {
     Q_OBJECT
@@ -37,9 +37,8 @@ public:
     };
 
     // Remembers the unit choice, the local zone and the other zones in the settings, but never the input.
-    explicit TimestampToolViewModel(QSettings& settings, QObject* parent = nullptr);
-    TimestampToolViewModel(QSettings& settings, Clock clock, SystemZone systemZone,
-                           QObject* parent = nullptr);
+    explicit TimestampToolViewModel(Settings& settings, QObject* parent = nullptr);
+    TimestampToolViewModel(Settings& settings, Clock clock, SystemZone systemZone, QObject* parent = nullptr);
 
     // Whether a text is taken as a list: it has several lines, or one that is too long for any instant.
     [[nodiscard]] static bool isList(const QString& text);
@@ -131,7 +130,7 @@ private:
     void publish(Result result);
     void updateRelativeText();
 
-    QSettings& m_settings;
+    Settings& m_settings;
     Clock m_clock;
     SystemZone m_systemZone;
     QString m_text;

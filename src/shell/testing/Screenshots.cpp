@@ -1,6 +1,7 @@
 // tarnquill_screenshots DIRECTORY [FILE…]: opens the files in the program's real window and saves a picture
 // of every tool, in light and dark and at two sizes, as DIRECTORY/TOOL-APPEARANCE-WIDTHxHEIGHT.png.
 #include "chrome/Theme.h"
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/LaunchRequest.h"
 #include "shell/TarnquillApp.h"
@@ -12,7 +13,6 @@
 #include <QCursor>
 #include <QDir>
 #include <QScreen>
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -51,7 +51,7 @@ int main(int argc, char** argv) {
     Theme::instance().install(application);
 
     const QTemporaryDir settingsFolder;
-    QSettings settings(settingsFolder.filePath(u"settings.ini"_s), QSettings::IniFormat);
+    Settings settings(settingsFolder.filePath(u"settings.ini"_s));
     TarnquillApp app(settings);
     LaunchRequest request;
     for (int index = 2; index < argc; ++index) {

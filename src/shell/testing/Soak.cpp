@@ -5,6 +5,7 @@
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
 #include "chrome/testing/Browser.h"
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/LaunchRequest.h"
 #include "shell/TarnquillApp.h"
@@ -17,7 +18,6 @@
 #include <QFile>
 #include <QMenu>
 #include <QMimeData>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -249,7 +249,7 @@ int main(int argc, char** argv) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     Theme::instance().install(application);
     const QTemporaryDir settingsFolder;
-    QSettings settings(settingsFolder.filePath(u"settings.ini"_s), QSettings::IniFormat);
+    Settings settings(settingsFolder.filePath(u"settings.ini"_s));
     TarnquillApp app(settings);
     const Browser browser;
     app.open({});

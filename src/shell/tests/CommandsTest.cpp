@@ -1,6 +1,7 @@
 #include "chrome/EditorOptions.h"
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "csv/CSVGrid.h"
 #include "shell/AppShellView.h"
@@ -16,7 +17,6 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -101,7 +101,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     QList<QUrl> opened;
     ToolCatalogue catalogue = makeCatalogue(opened);
     AppShellView window{catalogue, settings};

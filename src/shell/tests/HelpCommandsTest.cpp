@@ -6,6 +6,7 @@
 #include "chrome/TextLabel.h"
 #include "chrome/TextView.h"
 #include "chrome/testing/Browser.h"
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/AcknowledgementsWindow.h"
 #include "shell/AppShellView.h"
@@ -19,7 +20,6 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -29,9 +29,9 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // Those of a user who left the program with the JSON tool.
-class Settings : public QSettings {
+class SettingsWithJSON : public Settings {
 public:
-    explicit Settings(const QString& path) : QSettings(path, QSettings::IniFormat) {
+    explicit SettingsWithJSON(const QString& path) : Settings(path) {
         setValue(u"main/selectedToolID"_s, u"json"_s);
     }
 };
@@ -66,7 +66,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
+    SettingsWithJSON settings{folder.filePath(u"settings.ini"_s)};
     QDateTime now{QDate(2026, 3, 1), QTime(12, 0)};
     Browser browser;
     AppShellView window{builtInTools(), settings, [this] { return now; }};

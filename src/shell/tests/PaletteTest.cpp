@@ -1,6 +1,7 @@
 // The command palette and Paste Anywhere in the program's real window, by the keys that a user presses.
 #include "chrome/CodeEditor.h"
 #include "chrome/TextLabel.h"
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/ChoicePanel.h"
 #include "shell/LaunchRequest.h"
@@ -107,7 +108,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     TarnquillApp app{settings};
 };
 

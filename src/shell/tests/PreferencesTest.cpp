@@ -5,6 +5,7 @@
 #include "chrome/EditorOptions.h"
 #include "chrome/SegmentedPicker.h"
 #include "chrome/Theme.h"
+#include "common/Settings.h"
 #include "shell/SettingsWindow.h"
 #include "timestamp/TimestampToolViewModel.h"
 
@@ -12,7 +13,6 @@
 
 #include <QCheckBox>
 #include <QListWidget>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -27,7 +27,7 @@ protected:
 
     // What a start without any settings finds.
     void forget() {
-        QSettings none(folder.filePath(u"none.ini"_s), QSettings::IniFormat);
+        Settings none(folder.filePath(u"none.ini"_s));
         const Preferences defaults(none);
         Theme::instance().setAppearance(Appearance::light);
     }
@@ -43,7 +43,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     EditorOptions& options = EditorOptions::instance();
 };
 

@@ -1,8 +1,9 @@
 #include "shell/RecentFiles.h"
 
+#include "common/Settings.h"
+
 #include <gtest/gtest.h>
 
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -22,7 +23,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     RecentFiles recent{settings};
 };
 
@@ -42,18 +43,14 @@ TEST_F(RecentFilesTest, FindsThemAgainInTheSettings) {
     recent.add({.path = u"/tmp/ä.md"_s, .toolID = u"markdown"_s});
     recent.add({.path = u"/tmp/gone.md"_s, .toolID = u"markdown"_s});
     recent.remove(u"/tmp/gone.md"_s);
-    settings.sync();
-    QSettings again(settings.fileName(), QSettings::IniFormat);
-    EXPECT_EQ(RecentFiles(again).files(), recent.files());
+    EXPECT_EQ(RecentFiles(settings).files(), recent.files());
 
     const QSignalSpy changes(&recent, &RecentFiles::changed);
     recent.clear();
     recent.clear();
     EXPECT_EQ(changes.count(), 1);
-    settings.sync();
-    QSettings cleared(settings.fileName(), QSettings::IniFormat);
-    EXPECT_TRUE(RecentFiles(cleared).files().isEmpty());
-    EXPECT_FALSE(cleared.allKeys().join(u' ').contains(u"path"_s)) << "nothing of them is left";
+    EXPECT_TRUE(RecentFiles(settings).files().isEmpty());
+    EXPECT_FALSE(settings.keys().join(u' ').contains(u"path"_s)) << "nothing of them is left";
 }
 
 TEST_F(RecentFilesTest, PassesOverWhatIsNoFileInTheSettings) {

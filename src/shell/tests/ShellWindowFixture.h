@@ -3,13 +3,13 @@
 
 #include "chrome/Alert.h"
 #include "chrome/ToolView.h"
+#include "common/Settings.h"
 #include "shell/AppShellView.h"
 #include "shell/BuiltInTools.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -42,7 +42,7 @@ protected:
     static QUrl fileUrl(const char* path) { return QUrl::fromLocalFile(QString::fromUtf8(path)); }
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
+    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
 
 private:
     std::unique_ptr<AppShellView> m_window;

@@ -1,9 +1,10 @@
 #include "shell/SupportPromptController.h"
 
+#include "common/Settings.h"
+
 #include <gtest/gtest.h>
 
 #include <QDateTime>
-#include <QSettings>
 #include <QTemporaryDir>
 
 namespace tarnquill {
@@ -21,7 +22,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     SupportPromptController controller{settings};
     QDateTime now{QDate(2026, 3, 1), QTime(23, 59)};
 };

@@ -1,5 +1,6 @@
 #include "shell/TarnquillApp.h"
 
+#include "common/Settings.h"
 #include "shell/LaunchRequest.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,6 @@
 #include <QApplication>
 #include <QFileOpenEvent>
 #include <QMenu>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 class TarnquillAppTest : public testing::Test {
 protected:
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     TarnquillApp app{settings};
 };
 

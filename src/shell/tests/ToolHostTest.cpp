@@ -1,10 +1,10 @@
 #include "shell/ToolHost.h"
 
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/tests/FakeTool.h"
 
 #include <QFile>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -49,7 +49,7 @@ TEST(ToolHostTest, HandsAFileToTheToolThatAcceptsItAndToNoOther) {
                                                QStringList{QStringLiteral("csv")}, openedByTable));
     const ToolCatalogue catalogue(std::move(tools));
     const QTemporaryDir folder;
-    QSettings settings(folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+    Settings settings(folder.filePath(QStringLiteral("settings.ini")));
     ToolHost host(catalogue, settings);
 
     EXPECT_EQ(host.open(fileUrl("/a/TABLE.CSV")), QStringLiteral("table"));
@@ -61,7 +61,7 @@ TEST(ToolHostTest, HandsAFileToTheToolThatAcceptsItAndToNoOther) {
 TEST(ToolHostTest, AnnouncesTheFilesThatTheToolsHaveRead) {
     const ToolCatalogue catalogue({});
     const QTemporaryDir folder;
-    QSettings settings(folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+    Settings settings(folder.filePath(QStringLiteral("settings.ini")));
     ToolHost host(catalogue, settings);
     QFile file(folder.filePath(QStringLiteral("file")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

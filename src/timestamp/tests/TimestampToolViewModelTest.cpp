@@ -1,9 +1,9 @@
 #include "timestamp/TimestampToolViewModel.h"
 
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 
 #include <QAbstractItemModelTester>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -20,7 +20,7 @@ protected:
     Timestamp::Instant now{.seconds = 1'790'553'600, .nanoseconds = 250'000'000};
     std::string systemZone = "Europe/Berlin";
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
 
     [[nodiscard]] std::unique_ptr<TimestampToolViewModel> makeModel() {
         return std::make_unique<TimestampToolViewModel>(
@@ -100,8 +100,7 @@ TEST_F(TimestampToolViewModelTest, RemembersUnitAndZonesButNeverTheInput) {
     EXPECT_EQ(model->localZone(), u"Asia/Kathmandu"_s);
     EXPECT_EQ(model->otherZoneNames().size(), 8);
     EXPECT_EQ(model->otherZoneNames().mid(0, 2), (QStringList{u"Pacific/Auckland"_s, u"America/New_York"_s}));
-    settings.sync();
-    for (const auto& key : settings.allKeys()) {
+    for (const auto& key : settings.keys()) {
         EXPECT_FALSE(settings.value(key).toString().contains(u"987654321"_s)) << key.toStdString();
     }
 }

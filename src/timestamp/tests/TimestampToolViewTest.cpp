@@ -2,6 +2,7 @@
 
 #include "chrome/PaneButton.h"
 #include "chrome/SegmentedPicker.h"
+#include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "timestamp/LineTable.h"
 #include "timestamp/TimestampField.h"
@@ -14,7 +15,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 class TimestampToolViewTest : public testing::Test {
 protected:
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     TimestampToolViewModel model{settings, [] { return Timestamp::Instant{.seconds = 1'790'553'600}; },
                                  [] { return std::string("Europe/Berlin"); }};
     TimestampToolView view{model};
