@@ -3,9 +3,9 @@
 // until the result is there; and then while it shows tables that no program would write. Set
 // QT_QPA_PLATFORM=offscreen where there is no display.
 #include "GeneratedCSV.h"
-#include "MainThreadGap.h"
 
 #include "chrome/Theme.h"
+#include "common/testing/MainThreadGap.h"
 #include "csv/CSVGrid.h"
 #include "csv/CSVToolView.h"
 
@@ -22,8 +22,6 @@
 namespace tarnquill {
 
 namespace {
-
-using bench::MainThreadGap;
 
 constexpr std::size_t kRows = 1'000'000;
 constexpr int kScrollSteps = 300;

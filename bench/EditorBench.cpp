@@ -2,11 +2,11 @@
 // scrolled, and what a keystroke and a scroll step cost up to the painted picture. Set
 // QT_QPA_PLATFORM=offscreen where there is no display.
 #include "GeneratedJSON.h"
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
 #include "common/UnicodeText.h"
+#include "common/testing/MainThreadGap.h"
 #include "json/JSONSyntaxTokens.h"
 
 #include <QApplication>
@@ -22,8 +22,6 @@
 namespace tarnquill {
 
 namespace {
-
-using bench::MainThreadGap;
 
 constexpr int kKeystrokes = 100;
 constexpr int kScrollSteps = 200;
@@ -132,7 +130,7 @@ int main(int argc, char** argv) {
                 "the median\nand the longest time of a keystroke and of a scroll step with its picture.\n\n"
                 "%-18s %8s %9s %8s %8s %8s   %6s %6s   %6s %6s\n",
                 "text", "make", "open", "type", "scroll", "swap", "key", "max", "step", "max");
-    tarnquill::bench::MainThreadGap gap;
+    tarnquill::MainThreadGap gap;
     for (const auto& input : tarnquill::kInputs) {
         tarnquill::measure(gap, input);
     }

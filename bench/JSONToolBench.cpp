@@ -2,10 +2,10 @@
 // between its outputs, scrolls and searches, and what memory that takes. Set QT_QPA_PLATFORM=offscreen where
 // there is no display.
 #include "GeneratedJSON.h"
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
+#include "common/testing/MainThreadGap.h"
 #include "json/JSONToolView.h"
 
 #include <QApplication>
@@ -23,7 +23,6 @@ namespace tarnquill {
 
 namespace {
 
-using bench::MainThreadGap;
 using Pane = JSONToolViewModel::Pane;
 
 constexpr int kKeystrokes = 50;
@@ -137,7 +136,7 @@ int main(int argc, char** argv) {
         "the main\nthread; all in ms. Then the most memory that the program has needed so far, in MB and "
         "times the file.\n\n%-18s %8s %8s %8s %8s %8s %8s %9s %8s\n",
         "file", "shown", "open", "type", "switch", "scroll", "search", "memory", "ratio");
-    tarnquill::bench::MainThreadGap gap;
+    tarnquill::MainThreadGap gap;
     for (const auto& input : tarnquill::kInputs) {
         tarnquill::measure(gap, input, folder.filePath(QStringLiteral("data.json")));
         std::fflush(stdout);

@@ -1,11 +1,11 @@
 // Prints how long the JWT tool takes to show a token of 5 MB, to take a keystroke in it and to check its
 // signature, and how long the main thread answers nothing meanwhile. Set QT_QPA_PLATFORM=offscreen where
 // there is no display.
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
 #include "chrome/testing/FindWidgets.h"
+#include "common/testing/MainThreadGap.h"
 #include "jwt/JWTToolView.h"
 #include "jwt/testing/SigningKey.h"
 
@@ -21,8 +21,6 @@
 namespace tarnquill {
 
 namespace {
-
-using bench::MainThreadGap;
 
 constexpr std::size_t kTokenSize = 5'000'000;
 constexpr int kRuns = 15;

@@ -1,10 +1,10 @@
 // Prints how long the Markdown tool takes from a keystroke to the page's new layout, how long its main thread
 // answers nothing meanwhile, how soon either pane follows the other's scrolling, and what opening a long
 // document costs. Set QT_QPA_PLATFORM=offscreen where there is no display.
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
+#include "common/testing/MainThreadGap.h"
 #include "markdown/MarkdownPreviewView.h"
 #include "markdown/MarkdownToolView.h"
 
@@ -22,7 +22,6 @@ namespace tarnquill {
 
 namespace {
 
-using bench::MainThreadGap;
 using Clock = MainThreadGap::Clock;
 
 constexpr int kKeystrokes = 60;

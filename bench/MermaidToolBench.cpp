@@ -1,10 +1,10 @@
 // Prints how long the Mermaid tool takes from being shown to its first diagram, from a keystroke to the drawn
 // diagram, and for a large graph, and how long the main thread answers nothing meanwhile. Set
 // QT_QPA_PLATFORM=offscreen where there is no display, and QTWEBENGINE_DISABLE_SANDBOX=1 for root.
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
+#include "common/testing/MainThreadGap.h"
 #include "mermaid/MermaidToolView.h"
 
 #include <QApplication>
@@ -20,7 +20,6 @@ namespace tarnquill {
 
 namespace {
 
-using bench::MainThreadGap;
 using Status = MermaidToolViewModel::Status;
 
 constexpr int kNodes = 50;

@@ -1,13 +1,13 @@
 // Prints how long the main thread answers nothing when Paste Anywhere looks at clipboards of all kinds, and
 // when a large text goes to the tool that was chosen. Set QT_QPA_PLATFORM=offscreen where there is no
 // display.
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
 #include "codec/Base64.h"
 #include "common/Settings.h"
+#include "common/testing/MainThreadGap.h"
 #include "shell/ChoicePanel.h"
 #include "shell/ClipboardKinds.h"
 #include "shell/LaunchRequest.h"
@@ -28,7 +28,6 @@ namespace tarnquill {
 namespace {
 
 using namespace Qt::StringLiterals;
-using bench::MainThreadGap;
 
 constexpr std::size_t kLarge = 50'000'000;
 

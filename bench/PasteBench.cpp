@@ -1,11 +1,11 @@
 // Prints how long the main thread answers nothing after a large text is pasted into a tool, and how long it
 // takes until the result is there. Set QT_QPA_PLATFORM=offscreen where there is no display.
-#include "MainThreadGap.h"
 
 #include "chrome/CodeEditor.h"
 #include "chrome/Theme.h"
 #include "codec/CodecToolView.h"
 #include "common/Settings.h"
+#include "common/testing/MainThreadGap.h"
 #include "timestamp/TimestampField.h"
 #include "timestamp/TimestampToolView.h"
 
@@ -21,8 +21,6 @@
 namespace tarnquill {
 
 namespace {
-
-using bench::MainThreadGap;
 
 constexpr std::size_t kBase64Size = 30'000'000;
 constexpr std::size_t kLineLength = 76;

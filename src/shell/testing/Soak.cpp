@@ -1,11 +1,12 @@
 // tarnquill_soak [SECONDS [SEED]]: does to the program's real window what a restless user does, at random and
 // without a pause: keys, clicks, pastes, drops, other tools, other sizes; texts that are ordinary, broken,
-// hostile or large. Prints what it did, the memory at its start and its end, and the longest time in which
-// the window answered nothing. A fault is one that a sanitizer reports or that ends the program.
+// hostile or large. Prints what it did, the memory at its start and its end, and in what the window answered
+// nothing for the longest time. A fault is one that a sanitizer reports or that ends the program.
 #include "chrome/Theme.h"
 #include "chrome/ToolView.h"
 #include "chrome/testing/Browser.h"
 #include "common/Settings.h"
+#include "common/testing/MainThreadGap.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/LaunchRequest.h"
 #include "shell/TarnquillApp.h"
@@ -47,6 +48,17 @@ double memory() {
     return 0;
 }
 
+struct Turn {
+    const char* kind = "";
+    QString tool; // that is shown at its end
+    MainThreadGap::Gap gap;
+
+    void print(const char* name) const {
+        std::printf("%s: %.0f ms, of which it worked %.0f (%s in %s)\n", name, gap.length.count(),
+                    gap.work.count(), kind, qPrintable(tool));
+    }
+};
+
 class Soak {
 public:
     Soak(AppShellView& window, unsigned seed) : m_window(window), m_random(seed) {
@@ -67,10 +79,6 @@ public:
         time.start();
         while (time.elapsed() < duration_cast<std::chrono::milliseconds>(duration).count()) {
             step();
-            QElapsedTimer turn;
-            turn.start();
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-            m_longestTurn = std::max(m_longestTurn, turn.elapsed());
         }
     }
 
@@ -90,7 +98,8 @@ public:
         for (const auto& [name, count] : m_counts) {
             std::printf("%-10s %7d\n", name, count);
         }
-        std::printf("longest turn of the event loop %lld ms\n", static_cast<long long>(m_longestTurn));
+        m_longest.print("longest turn of the event loop");
+        m_busiest.print("turn of the event loop with the most work");
     }
 
 private:
@@ -104,31 +113,39 @@ private:
     void step() {
         const auto kind = upTo(100);
         if (kind < 55) {
-            count("keys");
-            key();
+            turn("keys", [this] { key(); });
         } else if (kind < 70) {
-            count("clicks");
-            click();
+            turn("clicks", [this] { click(); });
         } else if (kind < 80) {
-            count("pastes");
-            pasteText(text());
+            turn("pastes", [this, text = text()] { pasteText(text); });
         } else if (kind < 88) {
-            count("switches");
-            m_window.selectTool(oneOf(m_window.catalogue().inSidebarOrder())->id);
+            const auto& tool = *oneOf(m_window.catalogue().inSidebarOrder());
+            turn("switches", [this, &tool] { m_window.selectTool(tool.id); });
         } else if (kind < 92) {
-            count("drops");
-            drop();
+            turn("drops", [this, path = file()] { drop(path); });
         } else if (kind < 96) {
-            count("resizes");
-            m_window.resize(980 + upTo(900), 580 + upTo(500));
+            turn("resizes", [this] { m_window.resize(980 + upTo(900), 580 + upTo(500)); });
         } else {
-            count("looks");
             static constexpr std::array kAppearances{Appearance::light, Appearance::dark};
-            Theme::instance().setAppearance(oneOf(kAppearances));
+            turn("looks", [this] { Theme::instance().setAppearance(oneOf(kAppearances)); });
         }
     }
 
-    void count(const char* what) { ++m_counts[what]; }
+    // What the event makes the window do, and what follows from it.
+    template <typename Event>
+    void turn(const char* kind, const Event& event) {
+        ++m_counts[kind];
+        m_gap.start();
+        event();
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        const Turn turn{.kind = kind, .tool = m_window.selectedToolID(), .gap = m_gap.longest()};
+        if (turn.gap.length > m_longest.gap.length) {
+            m_longest = turn;
+        }
+        if (turn.gap.work > m_busiest.gap.work) {
+            m_busiest = turn;
+        }
+    }
 
     QWidget& target() {
         auto* const focused = QApplication::focusWidget();
@@ -178,7 +195,8 @@ private:
         QTest::keyClick(&target(), Qt::Key_V, Qt::ControlModifier);
     }
 
-    void drop() {
+    // Writes one to drop, or names one that is not there.
+    QString file() {
         static const std::array kNames{u"a.json"_s, u"a.csv"_s, u"a.md"_s,
                                        u"a.mmd"_s,  u"a.xyz"_s, u"gone.json"_s};
         const auto& name = oneOf(kNames);
@@ -188,6 +206,10 @@ private:
             static_cast<void>(file.open(QFile::WriteOnly));
             file.write(upTo(4) == 0 ? QByteArray("\xff\xfe\x00\xd8\xff") : text().toUtf8());
         }
+        return path;
+    }
+
+    void drop(const QString& path) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(path)});
         QDropEvent event(QPointF(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -235,7 +257,9 @@ private:
     QTemporaryDir m_folder;
     QTimer m_dismiss;
     std::map<const char*, int> m_counts;
-    qint64 m_longestTurn = 0;
+    MainThreadGap m_gap;
+    Turn m_longest;
+    Turn m_busiest;
 };
 
 } // namespace
