@@ -30,9 +30,9 @@ using namespace Qt::StringLiterals;
 // Shown with QT_LOGGING_RULES="tarnquill.page=true".
 Q_LOGGING_CATEGORY(console, "tarnquill.page", QtWarningMsg)
 
-// A page that dies more often than this within the time would go on dying.
+// A page that dies more often than this, each time soon after it was loaded, would go on dying.
 constexpr int kMostDeaths = 3;
-constexpr qint64 kDeathsCounted = 30'000; // ms
+constexpr qint64 kSoon = 10'000; // ms
 
 const auto kThemeScriptName = u"theme"_s;
 
@@ -269,6 +269,7 @@ void WebEnginePage::finishLoad(bool ok) {
     // A refused navigation also ends as a failed load, while the page stays what it is.
     if (ok && m_state == State::loading) {
         m_state = State::loaded;
+        m_sinceLoad.start();
         m_client.pageLoaded();
     }
 }
@@ -279,8 +280,7 @@ void WebEnginePage::processDied() {
         QTimer::singleShot(0, this, &WebEnginePage::reload);
         return;
     }
-    if (!m_firstDeath.isValid() || m_firstDeath.hasExpired(kDeathsCounted)) {
-        m_firstDeath.start();
+    if (m_state == State::loaded && m_sinceLoad.hasExpired(kSoon)) {
         m_deaths = 0;
     }
     m_state = State::empty;

@@ -54,7 +54,7 @@ private:
     State m_state = State::empty;
     bool m_isRestarting = false;
     int m_deaths = 0;
-    QElapsedTimer m_firstDeath;
+    QElapsedTimer m_sinceLoad;
 
     // Each of these needs the ones before it for as long as it lives.
     std::unique_ptr<RequestFilter> m_filter;
