@@ -1,5 +1,6 @@
 #include "chrome/Accessibility.h"
 
+#include "chrome/ComboBox.h"
 #include "chrome/SegmentedPicker.h"
 
 #include <QAccessibleWidget>
@@ -22,6 +23,29 @@ public:
     }
 };
 
+// Named by what is chosen with it, where the platform's own interface names it by its value.
+class Choice : public QAccessibleWidget {
+public:
+    explicit Choice(ComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? box().currentText() : QAccessibleWidget::text(kind);
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name == showMenuAction()) {
+            box().showPopup();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    [[nodiscard]] ComboBox& box() const { return static_cast<ComboBox&>(*widget()); }
+};
+
 QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
     static const QHash<QString, QAccessible::Role> kRoles{
         {u"tarnquill::Alert"_s, QAccessible::AlertMessage},
@@ -35,6 +59,9 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
         {u"tarnquill::ToolPane"_s, QAccessible::Grouping},
         {u"tarnquill::Toolbar"_s, QAccessible::ToolBar},
     };
+    if (className == "tarnquill::ComboBox"_L1) {
+        return new Choice(static_cast<ComboBox*>(object));
+    }
     if (className == "tarnquill::SegmentedPicker"_L1) {
         return new Picker(static_cast<SegmentedPicker*>(object));
     }

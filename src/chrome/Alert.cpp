@@ -1,7 +1,7 @@
 #include "chrome/Alert.h"
 
 #include "chrome/Fade.h"
-#include "chrome/FocusTrap.h"
+#include "chrome/FocusOrder.h"
 #include "chrome/Painting.h"
 #include "chrome/PaneButton.h"
 
@@ -185,7 +185,7 @@ void Alert::mousePressEvent(QMouseEvent* event) {
 }
 
 bool Alert::focusNextPrevChild(bool next) {
-    FocusTrap::step(*this, next ? FocusTrap::Direction::next : FocusTrap::Direction::previous);
+    FocusOrder::step(*this, FocusOrder::direction(next));
     return true;
 }
 

@@ -12,6 +12,7 @@
 #include <QHash>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
 
@@ -53,6 +54,8 @@ void ChromeStyle::polish(QWidget* widget) {
         MenuSurface::prepare(*menu);
     } else if (auto* field = qobject_cast<QLineEdit*>(widget); field != nullptr && field->hasFrame()) {
         FocusRing::attach(field, kFieldRadius, FocusRing::Shape::field);
+    } else if (qobject_cast<QScrollBar*>(widget) != nullptr) {
+        widget->setAttribute(Qt::WA_OpaquePaintEvent, false); // It has no track: what is behind it shows.
     } else if (widget->inherits("QTipLabel") && MenuSurface::shadowReach() > 0) {
         widget->setAttribute(Qt::WA_TranslucentBackground);
     }
@@ -103,6 +106,7 @@ int ChromeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
         return 0;
     case SH_Menu_MouseTracking:
     case SH_Menu_Scrollable:
+    case SH_Menu_KeyboardSearch: // Letters go to the item that begins with them.
     case SH_ItemView_ShowDecorationSelected:
         return 1;
     case SH_Widget_Animation_Duration:
@@ -227,9 +231,6 @@ void ChromeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     case PE_Frame:
         Painting::box(*painter, option->rect, 0, {}, themeColor(ColorRole::border));
         return;
-    case PE_PanelScrollAreaCorner:
-        painter->fillRect(option->rect, option->palette.color(QPalette::Base));
-        return;
     case PE_FrameFocusRect:
         // The focus ring marks controls; only the current item of a list is marked inside it.
         if (qobject_cast<const QAbstractItemView*>(widget) != nullptr &&
@@ -239,6 +240,7 @@ void ChromeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
         return;
     case PE_FrameMenu:
     case PE_FrameLineEdit:
+    case PE_PanelScrollAreaCorner:
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -283,9 +285,6 @@ void ChromeStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
                                      QPainter* painter, const QWidget* widget) const {
     if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
         control == CC_ScrollBar && bar != nullptr) {
-        if (!isOverContent(widget)) {
-            painter->fillRect(bar->rect, bar->palette.color(QPalette::Base));
-        }
         StyleControls::drawScrollBar(*painter, *bar);
         return;
     }

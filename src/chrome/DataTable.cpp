@@ -43,7 +43,6 @@ DataTable::DataTable(QWidget* parent) : QTableView(parent) {
 
     // Over the cells' padding, and so below the header.
     verticalScrollBar()->setProperty(ChromeStyle::kOverContentProperty, true);
-    verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
 void DataTable::setModel(QAbstractItemModel* newModel) {

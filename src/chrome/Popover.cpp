@@ -1,7 +1,7 @@
 #include "chrome/Popover.h"
 
 #include "chrome/Fade.h"
-#include "chrome/FocusTrap.h"
+#include "chrome/FocusOrder.h"
 #include "chrome/Painting.h"
 #include "chrome/TextLabel.h"
 
@@ -34,7 +34,10 @@ protected:
 } // namespace
 
 Popover::Popover(const QString& title, QWidget* content, QWidget* parent)
-    : QWidget(parent), m_titleRow(new TitleRow), m_titleLayout(new QHBoxLayout(m_titleRow)) {
+    : QWidget(parent),
+      m_titleRow(new TitleRow),
+      m_titleLayout(new QHBoxLayout(m_titleRow)),
+      m_content(content) {
     hide();
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(title);
@@ -77,7 +80,9 @@ void Popover::open(QWidget* window, QPoint corner) {
     show();
     raise();
     qApp->installEventFilter(this);
-    FocusTrap::step(*this, FocusTrap::Direction::next);
+    if (!FocusOrder::step(*m_content, FocusOrder::Direction::next)) {
+        FocusOrder::step(*this, FocusOrder::Direction::next);
+    }
     fadeIn(this, 100);
 }
 
@@ -129,7 +134,7 @@ void Popover::keyPressEvent(QKeyEvent* event) {
 }
 
 bool Popover::focusNextPrevChild(bool next) {
-    FocusTrap::step(*this, next ? FocusTrap::Direction::next : FocusTrap::Direction::previous);
+    FocusOrder::step(*this, FocusOrder::direction(next));
     return true;
 }
 

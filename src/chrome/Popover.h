@@ -43,6 +43,7 @@ private:
 
     QWidget* m_titleRow;
     QHBoxLayout* m_titleLayout;
+    QWidget* m_content;
     QPointer<QWidget> m_anchor;
 };
 

@@ -36,6 +36,7 @@ ActivePaneLine* ToolView::setPanes(ToolPane* left, ToolPane* right) {
     splitter->setSizes({kMinimum, kMinimum});
     PaneHeader::alignHeights({&left->header(), &right->header()});
     setContent(splitter);
+    setFirstFocus(left->content());
     auto* const activeLine = new ActivePaneLine(this);
     activeLine->addPane(left);
     activeLine->addPane(right);

@@ -54,10 +54,10 @@ Q_SIGNALS:
 protected:
     // What fills the view below the toolbar. Call once; the view takes it over.
     void setContent(QWidget* content);
-    // Two panes side by side that share the width as its content, and the line that marks the active one.
+    // Two panes side by side that share the width as its content, and the line that marks the active one. The
+    // left one's content is the first focus.
     ActivePaneLine* setPanes(ToolPane* left, ToolPane* right);
-    // The part that takes the keyboard when the view is given it. A focus proxy would do so too, but Tab
-    // would jump to it over all that stands in front of it.
+    // The part that takes the keyboard when the view is given it.
     void setFirstFocus(QWidget* part) { m_firstFocus = part; }
 
     void focusInEvent(QFocusEvent* event) override;

@@ -1,6 +1,6 @@
 #include "csv/CSVFilterList.h"
 
-#include "chrome/FocusTrap.h"
+#include "chrome/FocusOrder.h"
 #include "chrome/Painting.h"
 #include "csv/CSVTableModel.h"
 
@@ -193,8 +193,7 @@ void CSVFilterList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
     if (target >= 0 && target < m_model->rowCount()) {
         editColumn(static_cast<std::size_t>(target));
     } else {
-        FocusTrap::step(*parentWidget(),
-                        isNext ? FocusTrap::Direction::next : FocusTrap::Direction::previous);
+        FocusOrder::step(*parentWidget(), FocusOrder::direction(isNext));
     }
 }
 

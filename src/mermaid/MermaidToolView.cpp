@@ -98,6 +98,7 @@ MermaidToolView::MermaidToolView(MermaidToolViewModel& model, QWidget* parent)
     splitter->setSizes({kSourceWidth, kPreviewMinimum});
     PaneHeader::alignHeights({&m_sourcePane->header(), &m_previewPane->header()});
     setContent(splitter);
+    setFirstFocus(m_editor);
     m_activeLine->addPane(m_sourcePane);
     m_activeLine->addPane(m_previewPane);
 

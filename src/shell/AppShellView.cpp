@@ -2,6 +2,7 @@
 
 #include "chrome/Alert.h"
 #include "chrome/FileDropTarget.h"
+#include "chrome/FocusOrder.h"
 #include "chrome/MenuSurface.h"
 #include "chrome/PaneButton.h"
 #include "chrome/Splitter.h"
@@ -192,6 +193,10 @@ void AppShellView::bringToFront(const QString& activationToken) {
 void AppShellView::closeEvent(QCloseEvent* event) {
     save();
     QWidget::closeEvent(event);
+}
+
+bool AppShellView::focusNextPrevChild(bool next) {
+    return FocusOrder::step(*this, FocusOrder::direction(next));
 }
 
 void AppShellView::save() {

@@ -1,3 +1,4 @@
+#include "chrome/CodeEditor.h"
 #include "chrome/WebPageView.h"
 #include "common/testing/WaitUntil.h"
 #include "shell/ToolCatalogue.h"
@@ -35,6 +36,24 @@ protected:
         }
     }
 
+    // Without a desktop nobody gives the window the keyboard back once another one has come and gone.
+    QWidget* keyboard() {
+        window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        return QApplication::focusWidget();
+    }
+
+    // An editor takes Tab for itself, and a page for what is in it.
+    static void pressTab(QWidget& focused) {
+        auto* page = &focused;
+        while (page != nullptr && qobject_cast<WebPageView*>(page) == nullptr) {
+            page = page->parentWidget();
+        }
+        const bool isEditor = qobject_cast<CodeEditor*>(&focused) != nullptr;
+        QTest::keyClick(page != nullptr ? page : &focused, Qt::Key_Tab,
+                        isEditor ? Qt::ControlModifier : Qt::NoModifier);
+    }
+
     static std::string describe(const QAccessibleInterface& thing) {
         const auto* const object = thing.object();
         return (object != nullptr ? object->metaObject()->className() : "a part") + std::string(" in ") +
@@ -54,32 +73,58 @@ TEST_F(AccessibilityTest, EveryControlOfEveryToolHasANameAndARole) {
             const auto where = tool->id.toStdString() + ": " + describe(*control);
             EXPECT_FALSE(control->text(QAccessible::Name).isEmpty()) << where;
             EXPECT_NE(control->role(), QAccessible::NoRole) << where;
+            if (control->role() == QAccessible::ComboBox) {
+                EXPECT_NE(control->text(QAccessible::Name), control->text(QAccessible::Value)) << where;
+            }
         }
     }
 }
 
-// Beside each other from left to right, and below each other from top to bottom.
-TEST_F(AccessibilityTest, TabGoesThroughTheControlsInTheOrderOfReading) {
+// Beside each other from left to right, and below each other from top to bottom, as seen from what holds
+// both.
+bool isReadBefore(const QWidget& one, const QWidget& other) {
+    constexpr int kOverlap = 4; // of a divider's grab area
+    const auto* holder = one.parentWidget();
+    while (!holder->isAncestorOf(&other)) {
+        holder = holder->parentWidget();
+    }
+    const auto partWith = [holder](const QWidget* widget) {
+        while (widget->parentWidget() != holder) {
+            widget = widget->parentWidget();
+        }
+        return widget->geometry();
+    };
+    const auto before = partWith(&one);
+    const auto after = partWith(&other);
+    return before.right() - kOverlap <= after.left() || before.bottom() - kOverlap <= after.top();
+}
+
+TEST_F(AccessibilityTest, TabGoesThroughAllControlsInTheOrderOfReading) {
     for (const auto* const tool : window().catalogue().inSidebarOrder()) {
         window().selectTool(tool->id);
+        window().focusToolView();
         waitUntil([&] { return !window().toolView().isWorking(); });
-        auto* const start = window().toolView().nextInFocusChain();
-        const QWidget* before = nullptr;
-        for (auto* widget = start; widget != &window() && window().toolView().isAncestorOf(widget);
-             widget = widget->nextInFocusChain()) {
-            if (!widget->isVisible() || !widget->isEnabled() || (widget->focusPolicy() & Qt::TabFocus) == 0) {
-                continue;
+        QList<const QWidget*> stops;
+        for (auto* stop = keyboard(); !stops.contains(stop); stop = keyboard()) {
+            stops.append(stop);
+            pressTab(*stop);
+        }
+        EXPECT_EQ(stops.first(), keyboard()) << tool->id.toStdString() << ": a round";
+        int turns = 0; // to the beginning
+        for (qsizetype index = 0; index < stops.size(); ++index) {
+            const auto* const next = stops.at((index + 1) % stops.size());
+            if (!isReadBefore(*stops.at(index), *next)) {
+                EXPECT_LT(turns++, 1)
+                    << tool->id.toStdString() << ": “" << stops.at(index)->accessibleName().toStdString()
+                    << "” before “" << next->accessibleName().toStdString() << "”";
             }
-            if (before != nullptr && before->parentWidget() == widget->parentWidget()) {
-                const auto one = before->geometry();
-                const auto other = widget->geometry();
-                EXPECT_TRUE(other.left() >= one.right() || other.top() >= one.bottom())
-                    << tool->id.toStdString() << ": " << before->metaObject()->className() << " “"
-                    << before->accessibleName().toStdString() << "” before "
-                    << widget->metaObject()->className() << " “" << widget->accessibleName().toStdString()
-                    << "”";
+        }
+        for (const auto* const widget : window().findChildren<QWidget*>()) {
+            if (widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
+                widget->focusProxy() == nullptr) {
+                EXPECT_TRUE(stops.contains(widget))
+                    << tool->id.toStdString() << ": “" << widget->accessibleName().toStdString() << "”";
             }
-            before = widget;
         }
     }
 }

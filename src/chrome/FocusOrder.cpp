@@ -1,0 +1,61 @@
+#include "chrome/FocusOrder.h"
+
+#include <QApplication>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace tarnquill::FocusOrder {
+namespace {
+
+QList<QWidget*> childrenAsRead(const QWidget& parent) {
+    auto children = parent.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    children.removeIf([](const QWidget* child) { return child->isWindow(); });
+    std::ranges::stable_sort(children, {}, &QWidget::y);
+    for (auto row = children.begin(); row != children.end();) {
+        const auto bottom = (*row)->geometry().bottom();
+        const auto end = std::find_if(row + 1, children.end(), [bottom](const QWidget* child) {
+            return child->geometry().center().y() > bottom;
+        });
+        std::ranges::stable_sort(row, end, {}, &QWidget::x);
+        row = end;
+    }
+    return children;
+}
+
+bool takesTab(const QWidget& widget) {
+    return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.focusProxy() == nullptr;
+}
+
+// What has the keyboard is listed even if it has just been hidden or disabled, for that is where the way
+// goes on.
+void collect(const QWidget& area, const QWidget* focused, QList<QWidget*>& stops) {
+    for (auto* const child : childrenAsRead(area)) {
+        const bool isFocused = child == focused;
+        if (isFocused || child->isAncestorOf(focused) || (!child->isHidden() && child->isEnabled())) {
+            if (isFocused || takesTab(*child)) {
+                stops.append(child);
+            }
+            collect(*child, focused, stops);
+        }
+    }
+}
+
+} // namespace
+
+bool step(QWidget& area, Direction direction) {
+    QWidget* const focused = QApplication::focusWidget();
+    QList<QWidget*> stops;
+    collect(area, focused, stops);
+    const auto at = stops.indexOf(focused);
+    const auto count = stops.size();
+    if (count == 0 || (count == 1 && at == 0)) {
+        return false;
+    }
+    const bool isNext = direction == Direction::next;
+    const auto to = isNext ? (at + 1) % count : (std::max<qsizetype>(at, 0) + count - 1) % count;
+    stops[to]->setFocus(isNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+} // namespace tarnquill::FocusOrder
