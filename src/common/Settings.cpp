@@ -14,6 +14,9 @@ void Settings::start() {
     for (const auto& key : m_file.allKeys()) {
         m_values.insert(key, m_file.value(key));
     }
+    if (m_file.status() != QSettings::NoError) {
+        m_damagedFile = m_file.fileName();
+    }
     m_file.moveToThread(&m_thread);
     m_thread.start();
 }

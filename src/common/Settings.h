@@ -26,6 +26,9 @@ public:
         return m_values.value(key, otherwise);
     }
 
+    // The path of the file when not everything in it could be read; empty otherwise.
+    [[nodiscard]] const QString& damagedFile() const { return m_damagedFile; }
+
     void setValue(const QString& key, const QVariant& value);
     // With every "key/…" below it.
     void remove(const QString& key);
@@ -34,6 +37,7 @@ private:
     void start();
 
     QHash<QString, QVariant> m_values;
+    QString m_damagedFile;
     QThread m_thread;
     QSettings m_file; // lives in the thread
 };

@@ -35,7 +35,10 @@ MarkdownExport::MarkdownExport(Document document, const MarkdownFolderAccess& ac
 
 void MarkdownExport::start() {
     for (const auto& address : Markdown::imageAddresses(m_document.rendering->html)) {
-        fetch(address);
+        if (!address.starts_with("data:")) {
+            ++m_missingImages;
+            fetch(address);
+        }
     }
     finishOne();
 }
@@ -82,6 +85,7 @@ void MarkdownExport::download(const std::string& address, const QUrl& url) {
 }
 
 void MarkdownExport::embed(const std::string& address, const QByteArray& mimeType, const QByteArray& bytes) {
+    --m_missingImages;
     m_embedded.emplace(address, ("data:" + mimeType + ";base64," + bytes.toBase64()).toStdString());
 }
 
@@ -100,7 +104,7 @@ void MarkdownExport::write() {
             return saveFile(path, page(document.title, body));
         },
         [this](const QString& error) {
-            Q_EMIT ended(error);
+            Q_EMIT ended(error, m_missingImages);
             deleteLater();
         });
 }

@@ -33,7 +33,7 @@ public:
 
 Q_SIGNALS:
     // The description is empty when the file is written.
-    void ended(const QString& error);
+    void ended(const QString& error, std::size_t missingImages);
 
 private:
     void fetch(const std::string& address);
@@ -49,6 +49,7 @@ private:
     QNetworkAccessManager m_network;
     std::map<std::string, std::string> m_embedded;
     int m_waitingFor = 1; // images, and start() itself
+    std::size_t m_missingImages = 0;
     LatestTask m_writing;
 };
 

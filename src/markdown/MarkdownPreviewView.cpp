@@ -1,12 +1,11 @@
 #include "markdown/MarkdownPreviewView.h"
 
+#include "chrome/ExternalAddress.h"
 #include "markdown/MarkdownFolderAccess.h"
 #include "markdown/MarkdownImageRequests.h"
 #include "markdown/MarkdownLinkPolicy.h"
 #include "markdown/MarkdownLocalImages.h"
 #include "markdown/MarkdownPreviewPage.h"
-
-#include <QDesktopServices>
 
 #include <algorithm>
 #include <array>
@@ -19,6 +18,7 @@ using namespace std::chrono_literals;
 
 const auto kSync = u"sync"_s;
 const auto kTask = u"task"_s;
+const auto kMissingImages = u"missingImages"_s;
 
 // Only images, and only these, are ever asked of anyone.
 bool allowsRequest(const QUrl& url, WebPage::Resource kind) {
@@ -30,7 +30,8 @@ bool allowsRequest(const QUrl& url, WebPage::Resource kind) {
 // Longer than the page takes for any but the longest documents.
 constexpr auto kPatience = 3s;
 
-// A box of a task is disabled and hears nothing: the click is its item's. Paper cannot be scrolled.
+// A box of a task is disabled and hears nothing: the click is its item's. The events of images go no further
+// up than through here. Paper cannot be scrolled.
 constexpr auto kPageScript = R"(
 document.addEventListener('click', ({ target, clientX, clientY }) => {
     const item = target.closest('.task-list-item');
@@ -39,6 +40,12 @@ document.addEventListener('click', ({ target, clientX, clientY }) => {
         tarnquillPost('task', Number(item.dataset.line));
     }
 });
+for (const event of ['load', 'error']) {
+    document.addEventListener(event, () => {
+        const images = [...document.images];
+        tarnquillPost('missingImages', images.filter(image => image.complete && !image.naturalWidth).length);
+    }, true);
+}
 document.head.appendChild(document.createElement('style')).textContent = `
     .task-list-item > input { pointer-events: none; }
     @media print {
@@ -79,7 +86,7 @@ MarkdownLinkPolicy::Cause causeOf(WebPage::Navigation navigation) {
 } // namespace
 
 MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* parent)
-    : WebPageView({.messageHandlers = {kSync, kTask},
+    : WebPageView({.messageHandlers = {kSync, kTask, kMissingImages},
                    .allowsRequest = allowsRequest,
                    .script = QString::fromLatin1(kPageScript),
                    .scheme = MarkdownPreviewPage::kDocumentScheme,
@@ -98,7 +105,7 @@ MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* 
             [this](const QUrl& url, WebPage::Navigation cause, bool isMainFrame) {
                 if (MarkdownLinkPolicy::decide(url, causeOf(cause), isMainFrame, address()) ==
                     MarkdownLinkPolicy::Decision::openInBrowser) {
-                    QDesktopServices::openUrl(url);
+                    openExternally(url, this);
                 }
             });
     connect(&access, &MarkdownFolderAccess::reloadImages, this,
@@ -138,6 +145,7 @@ void MarkdownPreviewView::pushBody() {
     }
     if (m_shown == nullptr || m_shown->html != m_body->html) {
         run(m_body->update);
+        setMissingImages(0);
         m_awaitsLayout = true;
         m_patience.start(kPatience);
     } else if (m_shown->lineCount != m_body->lineCount) {
@@ -167,8 +175,17 @@ bool MarkdownPreviewView::isWorking() const {
 void MarkdownPreviewView::receive(const QString& handler, const QJsonValue& body) {
     if (handler == kTask) {
         Q_EMIT taskClicked(body.toInt());
+    } else if (handler == kMissingImages) {
+        setMissingImages(body.toInt());
     } else if (const auto message = MarkdownPreviewMessage::decoded(body)) {
         std::visit([this](const auto& kind) { take(kind); }, *message);
+    }
+}
+
+void MarkdownPreviewView::setMissingImages(int count) {
+    if (count != m_missingImages) {
+        m_missingImages = count;
+        Q_EMIT missingImagesChanged();
     }
 }
 

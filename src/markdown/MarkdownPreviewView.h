@@ -40,6 +40,9 @@ public:
     enum class Motion : bool { jump, glide };
     void scrollTo(double offset, Motion motion);
 
+    // The images of the page that could not be had.
+    [[nodiscard]] int missingImages() const { return m_missingImages; }
+
     // Whether what the page shows is not yet what it was given.
     [[nodiscard]] bool isWorking() const;
 
@@ -49,10 +52,12 @@ Q_SIGNALS:
     void userScrolled(double distance);
     void scrolled(); // by whatever it was
     void taskClicked(int line);
+    void missingImagesChanged();
 
 private:
     void pushBody();
     void restartStuckPage();
+    void setMissingImages(int count);
     void receive(const QString& handler, const QJsonValue& body);
     void take(const MarkdownPreviewMessage::Layout& layout);
     void take(const MarkdownPreviewMessage::Scroll& scroll);
@@ -65,6 +70,7 @@ private:
     double m_scrollY = 0;
     double m_viewportHeight = 0;
     double m_documentHeight = 0;
+    int m_missingImages = 0;
 };
 
 } // namespace tarnquill

@@ -44,6 +44,10 @@ namespace {
 
 constexpr double kZoomStep = 0.1;
 
+QString missingImagesText(std::size_t count) {
+    return QString::fromStdString(countText(count, "image", "images")) + u" could not be loaded"_s;
+}
+
 } // namespace
 
 MarkdownToolView::MarkdownToolView(MarkdownToolViewModel& model, QWidget* parent)
@@ -58,7 +62,6 @@ MarkdownToolView::MarkdownToolView(MarkdownToolViewModel& model, QWidget* parent
     makeSourcePane();
     makePreviewPane();
     m_activeLine = setPanes(m_sourcePane, m_previewPane);
-    setFirstFocus(m_editor);
 
     connectModel();
     connectPanes();
@@ -205,6 +208,7 @@ void MarkdownToolView::connectPanes() {
     });
     connect(m_preview, &MarkdownPreviewView::taskClicked, this, &MarkdownToolView::toggleTask);
     connect(m_preview, &MarkdownPreviewView::scrolled, this, &MarkdownToolView::showPosition);
+    connect(m_preview, &MarkdownPreviewView::missingImagesChanged, this, &MarkdownToolView::showPosition);
     connect(m_preview, &MarkdownPreviewView::died, this, [this](bool isReloading) {
         if (!isReloading) {
             if (const auto& failure = WebEngine::instance().failure(); !failure.isEmpty()) {
@@ -267,9 +271,12 @@ void MarkdownToolView::showPosition() {
     const auto range = m_preview->scrollRange();
     const auto progress = range > 0 ? std::clamp(m_preview->scrollY() / range, 0.0, 1.0) : 1.0;
     const auto bytes = byteCountText(m_model.rendering()->html.size());
-    m_previewPane->footer().setMetrics(
-        {{.text = QString::fromStdString(bytes) + u" of HTML"_s},
-         {.text = QString::number(std::lround(progress * 100)) + u" % read"_s}});
+    QList<Metric> metrics{{.text = QString::fromStdString(bytes) + u" of HTML"_s},
+                          {.text = QString::number(std::lround(progress * 100)) + u" % read"_s}};
+    if (const auto missing = static_cast<std::size_t>(m_preview->missingImages()); missing > 0) {
+        metrics.append({.text = missingImagesText(missing), .color = ColorRole::badText});
+    }
+    m_previewPane->footer().setMetrics(metrics);
 }
 
 void MarkdownToolView::showAccess() {
@@ -339,7 +346,13 @@ void MarkdownToolView::exportHTML() {
                             .title = QFileInfo(path).completeBaseName(),
                             .base = folder.isEmpty() ? QUrl() : MarkdownLocalImages::addressOf(folder)},
                            m_access, path, this);
-    connect(writing, &MarkdownExport::ended, this, &MarkdownToolView::sayWritingFailed);
+    connect(writing, &MarkdownExport::ended, this, [this](const QString& error, std::size_t missingImages) {
+        sayWritingFailed(error);
+        if (error.isEmpty() && missingImages > 0) {
+            Alert::say(window(), missingImagesText(missingImages),
+                       u"The document is written, and refers to them where they are."_s);
+        }
+    });
     writing->start();
 }
 

@@ -1,10 +1,10 @@
 #include "mermaid/MermaidPreviewView.h"
 
+#include "chrome/ExternalAddress.h"
 #include "chrome/WebPageView.h"
 #include "common/LatestTask.h"
 #include "mermaid/MermaidWebPage.h"
 
-#include <QDesktopServices>
 #include <QEvent>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -20,9 +20,9 @@ namespace {
 constexpr double kLeastPixelScale = 2;
 
 // A diagram may come from anywhere: nothing but web pages is opened for it.
-void openInBrowser(const QUrl& url) {
+void openInBrowser(const QUrl& url, QWidget* asker) {
     if (url.scheme() == u"https" || url.scheme() == u"http") {
-        QDesktopServices::openUrl(url);
+        openExternally(url, asker);
     }
 }
 
@@ -43,7 +43,7 @@ MermaidPreviewView::MermaidPreviewView(MermaidViewportController& viewport,
                 if (handler == u"errorActivated") {
                     Q_EMIT errorActivated();
                 } else if (handler == u"linkActivated") {
-                    openInBrowser(QUrl(body.toString()));
+                    openInBrowser(QUrl(body.toString()), this);
                 }
             });
     m_longRendering.setSingleShot(true);

@@ -1,6 +1,7 @@
 #include "shell/HelpCommands.h"
 
 #include "chrome/Alert.h"
+#include "chrome/ExternalAddress.h"
 #include "common/InstalledFile.h"
 #include "shell/AcknowledgementsWindow.h"
 #include "shell/AppShellView.h"
@@ -10,7 +11,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QSysInfo>
 
 #include <openssl/crypto.h>
@@ -48,7 +48,7 @@ HelpCommands::HelpCommands(AppShellView& window, const QList<QMenu*>& menus)
     keys->setShortcut(QKeySequence::HelpContents);
     addSeparator();
     const auto addAddress = [this](const QString& title, const QUrl& address) {
-        addAction(title, this, [address] { QDesktopServices::openUrl(address); });
+        addAction(title, this, [this, address] { openExternally(address, &m_window); });
     };
     addAddress(tr("Tarnquill Support"), ProductAddresses::support());
     addAddress(tr("Send Feedback…"), feedbackMail());

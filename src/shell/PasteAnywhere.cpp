@@ -72,8 +72,8 @@ void PasteAnywhere::offer() {
               .symbol = u"folder-open"_s,
               .shortcut = {},
               .choose = [this, urls] { m_window.open(urls); }}});
-    } else if (held->hasText()) {
-        offerToolsFor(held->text());
+    } else if (const auto text = held->text(); !text.isEmpty()) {
+        offerToolsFor(text);
     } else {
         m_panel->offer({}, held->hasImage() ? tr("The clipboard holds a picture, and tools take text.")
                                             : tr("The clipboard holds no text."));

@@ -1,10 +1,10 @@
 #include "shell/SupportPrompt.h"
 
 #include "chrome/Alert.h"
+#include "chrome/ExternalAddress.h"
 #include "shell/ProductAddresses.h"
 #include "shell/SupportPromptController.h"
 
-#include <QDesktopServices>
 #include <QEvent>
 #include <QWidget>
 
@@ -53,7 +53,7 @@ void SupportPrompt::ask() {
                      {.title = tr("Don't show again"), .role = Alert::Role::optOut}}});
     connect(alert, &Alert::answered, this, [this](int index) {
         if (index == 0) {
-            QDesktopServices::openUrl(ProductAddresses::donation());
+            openExternally(ProductAddresses::donation(), m_window);
         } else if (index == 2) {
             m_controller.optOut();
         }

@@ -1,5 +1,7 @@
 #include "shell/TarnquillApp.h"
 
+#include "chrome/Alert.h"
+#include "common/Settings.h"
 #include "shell/BuiltInTools.h"
 #include "shell/CommandPalette.h"
 #include "shell/EditCommands.h"
@@ -16,6 +18,10 @@ namespace tarnquill {
 
 TarnquillApp::TarnquillApp(Settings& settings) : m_preferences(settings), m_window(builtInTools(), settings) {
     addMenus();
+    if (const auto& file = settings.damagedFile(); !file.isEmpty()) {
+        Alert::say(&m_window, tr("Not all settings could be read"),
+                   tr("What is missing from “%1” is as it was at the beginning.").arg(file));
+    }
     qApp->installEventFilter(this);
 }
 

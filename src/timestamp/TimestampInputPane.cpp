@@ -181,17 +181,23 @@ void TimestampInputPane::showResult() {
 
     const auto note =
         isList ? tr("Each line is read by itself. Clear goes back to the single input.") : m_model.note();
-    m_note->setText(note);
-    m_note->setToolTip(note);
-    m_noteIcon->setVisible(!note.isEmpty());
+    showNote(note);
     m_copy->setEnabled(isList || !m_model.text().isEmpty());
     m_clear->setEnabled(isList || !m_model.text().isEmpty());
     m_clear->setToolTip(isList ? tr("Close the list") : tr("Empty the input"));
 }
 
+void TimestampInputPane::showNote(const QString& note) {
+    m_note->setText(note);
+    m_note->setToolTip(note);
+    m_noteIcon->setVisible(!note.isEmpty());
+}
+
 void TimestampInputPane::paste() {
     const auto text = QGuiApplication::clipboard()->text();
-    if (!text.trimmed().isEmpty()) {
+    if (text.trimmed().isEmpty()) {
+        showNote(tr("There is no text on the clipboard."));
+    } else {
         m_model.take(text);
     }
 }

@@ -35,6 +35,7 @@ private:
     [[nodiscard]] QWidget* makeInputRow();
     [[nodiscard]] QWidget* makeNoteRow();
     void showResult();
+    void showNote(const QString& note);
     void paste();
     void copy();
 

@@ -153,12 +153,22 @@ TEST_F(MarkdownToolViewTest, ShowsImagesBesideTheDocumentOnceTheFolderIsAllowed)
     writing->start();
     ASSERT_TRUE(waitUntil([&] { return ended.count() == 1; }));
     EXPECT_EQ(ended[0][0].toString(), QString());
+    EXPECT_EQ(ended[0][1], 1) << "image is missing";
     QFile exported(path);
     ASSERT_TRUE(exported.open(QIODevice::ReadOnly));
     const auto html = QString::fromUtf8(exported.readAll());
     EXPECT_TRUE(html.contains(u"<title>A &lt; B</title>"));
     EXPECT_TRUE(html.contains(u"<p><img src=\"data:image/png;base64,"));
     EXPECT_TRUE(html.contains(u"--code-bg: #f5f5f7"));
+}
+
+TEST_F(MarkdownToolViewTest, SaysHowManyImagesOfTheWebAreMissingWithoutANetwork) {
+    const auto metrics = [&] { return pane(u"Preview"_s).footer().metrics(); };
+    ASSERT_TRUE(setText(u"![a](http://127.0.0.1:1/a.png) ![b](http://127.0.0.1:1/b.png) and text"));
+    EXPECT_TRUE(waitUntil([&] { return metrics().last().text == u"2 images could not be loaded"_s; }));
+    EXPECT_EQ(bodyText().trimmed(), u"and text"_s);
+    ASSERT_TRUE(setText(u"text"));
+    EXPECT_EQ(metrics().size(), 2);
 }
 
 TEST_F(MarkdownToolViewTest, BringsTheDocumentBackWhenThePagesProcessHasDied) {

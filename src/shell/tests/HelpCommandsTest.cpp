@@ -77,6 +77,7 @@ protected:
 TEST_F(HelpCommandsTest, LeadsToTheMakersAndTellsTheVersions) {
     choose(u"Tarnquill Support"_s);
     EXPECT_EQ(browser.opened(), QList<QUrl>{ProductAddresses::support()});
+    EXPECT_EQ(alert(), nullptr);
     choose(u"Copy Email Address"_s);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), ProductAddresses::email());
     window.show();
@@ -84,6 +85,13 @@ TEST_F(HelpCommandsTest, LeadsToTheMakersAndTellsTheVersions) {
     ASSERT_NE(alert(), nullptr);
     press(*alert(), u"Copy Versions"_s);
     EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QString::fromLatin1(qVersion())));
+}
+
+TEST_F(HelpCommandsTest, GivesTheAddressWhenNoProgramOpensIt) {
+    QDesktopServices::unsetUrlHandler(u"https"_s); // as offscreen, where there is no desktop
+    choose(u"Privacy Policy"_s);
+    ASSERT_NE(alert(), nullptr);
+    EXPECT_EQ(alert()->accessibleDescription(), ProductAddresses::privacy().toString());
 }
 
 TEST_F(HelpCommandsTest, ListsTheKeysOfTheMenus) {

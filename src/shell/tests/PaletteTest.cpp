@@ -23,6 +23,13 @@ using namespace Qt::StringLiterals;
 
 constexpr auto kPasteAnywhere = Qt::ControlModifier | Qt::ShiftModifier;
 
+// What a program promised that is gone by now.
+class UnreadableText : public QMimeData {
+public:
+    [[nodiscard]] bool hasFormat(const QString& type) const override { return formats().contains(type); }
+    [[nodiscard]] QStringList formats() const override { return {u"text/plain"_s}; }
+};
+
 class PaletteTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -280,6 +287,14 @@ TEST_F(PaletteTest, SaysWhenTheClipboardHasNothingForATool) {
     QGuiApplication::clipboard()->setImage(QImage(4, 4, QImage::Format_RGB32));
     press(Qt::Key_V, kPasteAnywhere);
     EXPECT_EQ(sentence(), u"The clipboard holds a picture, and tools take text."_s);
+    auto* const custom = new QMimeData;
+    custom->setData(u"application/x-shapes"_s, "1");
+    QGuiApplication::clipboard()->setMimeData(custom);
+    press(Qt::Key_V, kPasteAnywhere);
+    EXPECT_EQ(sentence(), u"The clipboard holds no text."_s);
+    QGuiApplication::clipboard()->setMimeData(new UnreadableText);
+    press(Qt::Key_V, kPasteAnywhere);
+    EXPECT_EQ(sentence(), u"The clipboard holds no text."_s);
     offered(u" \n"_s);
     EXPECT_EQ(sentence(), u"The text on the clipboard is blank."_s);
     EXPECT_EQ(offered(u"Just a sentence."_s), QStringList{u"Markdown, Plain text"_s});

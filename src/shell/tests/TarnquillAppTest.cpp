@@ -1,11 +1,13 @@
 #include "shell/TarnquillApp.h"
 
+#include "chrome/Alert.h"
 #include "common/Settings.h"
 #include "shell/LaunchRequest.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QFileOpenEvent>
 #include <QMenu>
 #include <QTemporaryDir>
@@ -39,6 +41,30 @@ TEST_F(TarnquillAppTest, OpensWhatTheDesktopAsksItTo) {
     QApplication::sendEvent(qApp, &event);
     EXPECT_TRUE(app.mainWindow().isVisible());
     EXPECT_EQ(app.mainWindow().selectedToolID(), u"mermaid"_s);
+}
+
+TEST(TarnquillAppStart, SaysThatSettingsAreGarbageAndGoesOn) {
+    const QTemporaryDir folder;
+    const auto path = folder.filePath(u"settings.ini"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("[main\n\x01 no settings\n");
+    file.close();
+    {
+        Settings settings(path);
+        TarnquillApp app(settings);
+        app.open({.files = {}});
+        const auto* const alert = app.mainWindow().findChild<Alert*>();
+        ASSERT_NE(alert, nullptr);
+        EXPECT_EQ(alert->accessibleName(), u"Not all settings could be read"_s);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&app.mainWindow()));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(alert->isVisible());
+        app.mainWindow().selectTool(u"json"_s);
+    }
+    const Settings later(path);
+    EXPECT_EQ(later.value(u"main/selectedToolID"_s), u"json"_s);
+    EXPECT_EQ(later.damagedFile(), QString());
 }
 
 TEST_F(TarnquillAppTest, PopsItsMenusByKeyboardWithAndWithoutTheSidebar) {

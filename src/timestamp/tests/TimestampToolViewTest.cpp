@@ -2,6 +2,7 @@
 
 #include "chrome/PaneButton.h"
 #include "chrome/SegmentedPicker.h"
+#include "chrome/TextLabel.h"
 #include "common/Settings.h"
 #include "common/testing/WaitUntil.h"
 #include "timestamp/LineTable.h"
@@ -96,15 +97,6 @@ TEST_F(TimestampToolViewTest, TakesBackWhatNowHasReplaced) {
     EXPECT_EQ(model.text(), u"1790380800"_s);
 }
 
-TEST_F(TimestampToolViewTest, BeginsInTheFieldAndReachesWhatIsInFrontOfItByTab) {
-    auto* zone = view.findChild<ZoneButton*>();
-    zone->setFocus();
-    QTest::keyClick(zone, Qt::Key_Tab);
-    EXPECT_TRUE(view.findChild<SegmentedPicker*>()->hasFocus());
-    view.setFocus();
-    EXPECT_TRUE(field->hasFocus());
-}
-
 TEST_F(TimestampToolViewTest, ReadsTheNumberInThePickedUnit) {
     auto* unit = view.findChild<SegmentedPicker*>();
     unit->setFocus();
@@ -140,6 +132,20 @@ TEST_F(TimestampToolViewTest, PastesASingleTimeIntoTheText) {
     paste(u" 2026-09-26\n"_s);
     EXPECT_EQ(field->text(), u"2026-09-26"_s);
     EXPECT_FALSE(model.isListShown());
+}
+
+TEST_F(TimestampToolViewTest, SaysWhenThereIsNothingToPaste) {
+    const auto says = [&](const QString& sentence) {
+        return std::ranges::any_of(view.findChildren<TextLabel*>(), [&](const TextLabel* label) {
+            return label->isVisible() && label->text() == sentence;
+        });
+    };
+    QGuiApplication::clipboard()->clear();
+    QTest::mouseClick(button(u"Paste"_s), Qt::LeftButton);
+    EXPECT_TRUE(says(u"There is no text on the clipboard."_s));
+    EXPECT_EQ(model.text(), u"1790380800"_s);
+    QTest::mouseClick(button(u"Now"_s), Qt::LeftButton);
+    EXPECT_FALSE(says(u"There is no text on the clipboard."_s));
 }
 
 TEST_F(TimestampToolViewTest, AddsAZoneFoundByTyping) {
