@@ -25,14 +25,15 @@ bool isTableRule(std::u16string_view line) {
 
 MarkdownMarks::MarkdownMarks(std::u16string_view text) {
     text = text.substr(0, kSample);
-    while (!text.empty()) {
-        const auto end = std::min(text.find(u'\n'), text.size());
-        addLine(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+    const auto kinds = MarkdownSyntaxTokens::tokens(text);
+    for (std::size_t start = 0; start < text.size();) {
+        const auto length = std::min(text.find(u'\n', start), text.size()) - start;
+        addLine(text.substr(start, length), std::span(kinds).subspan(start, length));
+        start += length + 1;
     }
 }
 
-void MarkdownMarks::addLine(std::u16string_view line) {
+void MarkdownMarks::addLine(std::u16string_view line, std::span<const SyntaxKind> kinds) {
     const auto start = line.find_first_not_of(u" \t\r");
     if (start == std::u16string_view::npos) {
         return;
@@ -47,7 +48,6 @@ void MarkdownMarks::addLine(std::u16string_view line) {
         add(Mark::table);
         return;
     }
-    const auto kinds = MarkdownSyntaxTokens::tokens(line);
     const auto first = styleOf(kinds[start]);
     if (first.colour == Colour::secondary) {
         add(content.front() == u'#' ? Mark::heading : Mark::list);

@@ -1,9 +1,12 @@
 // Tells which marks of Markdown a text has.
 #pragma once
 
+#include "common/SyntaxRules.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,7 +30,7 @@ private:
 
     [[nodiscard]] std::size_t count(Mark mark) const { return m_lines.at(static_cast<std::size_t>(mark)); }
     void add(Mark mark) { ++m_lines.at(static_cast<std::size_t>(mark)); }
-    void addLine(std::u16string_view line);
+    void addLine(std::u16string_view line, std::span<const SyntaxKind> kinds);
 
     std::array<std::size_t, kMarkCount> m_lines{}; // how many lines have it
     bool m_hasFence = false;
