@@ -28,6 +28,7 @@ public:
 
     void setTitle(const QString& title);
     void setSymbol(const QString& symbol);
+    [[nodiscard]] const QString& symbol() const { return m_symbol; }
     void setLook(Look look);
     void setSize(Size size);
     void setIconOnly(bool iconOnly);

@@ -1,8 +1,11 @@
 #include "shell/CommandPalette.h"
 
+#include "chrome/ToolView.h"
 #include "shell/AppShellView.h"
 #include "shell/ChoicePanel.h"
 #include "shell/CommandNote.h"
+#include "shell/ToolCatalogue.h"
+#include "shell/ToolChoices.h"
 
 #include <QApplication>
 #include <QDir>
@@ -11,6 +14,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tarnquill {
 
@@ -97,10 +101,14 @@ void CommandPalette::open() {
     }
     commands.removeIf([this](const Command& command) { return command.action == &m_open; });
     std::ranges::stable_sort(commands, {}, [](const Command& command) { return command.note.kind; });
+    const auto menuItems = std::ranges::find(commands, CommandNote::Kind::command,
+                                             [](const auto& each) { return each.note.kind; });
     QList<Choice> choices;
-    for (const auto& command : commands) {
-        choices.append(choiceOf(command));
+    std::transform(commands.begin(), menuItems, std::back_inserter(choices), choiceOf);
+    if (const auto* const tool = m_window.catalogue().tool(m_window.selectedToolID())) {
+        choices += toolChoices(m_window.toolView(), tool->name);
     }
+    std::transform(menuItems, commands.end(), std::back_inserter(choices), choiceOf);
     m_panel->offer(choices);
 }
 

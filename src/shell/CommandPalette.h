@@ -1,4 +1,5 @@
-// Every command of the menus that works now, the tools and the recent files, found by a few letters.
+// Every command of the menus and of the shown tool that works now, the tools and the recent files, found by a
+// few letters.
 #pragma once
 
 #include <QAction>

@@ -153,6 +153,22 @@ TEST_F(PaletteTest, ListsOnlyTheCommandsThatWorkNowAndRunsThemWhereTheKeyboardWa
     EXPECT_TRUE(rows().filter(u"Open…"_s).isEmpty()) << "this tool opens no files";
 }
 
+TEST_F(PaletteTest, ReachesTheControlsOfTheShownTool) {
+    input().replaceAll(TextBuffer(u"[1, 2]"));
+    Q_EMIT input().textEdited();
+    press(Qt::Key_K, Qt::ControlModifier);
+    type(u"minify"_s);
+    ASSERT_EQ(rows().first(), u"Output: Minify, JSON"_s);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(waitUntil([&] { return !window().toolView().isWorking(); }));
+    press(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_TRUE(rows().filter(u"(Ctrl+"_s).isEmpty()) << "there is a menu item for it";
+    type(u"copy the output"_s);
+    ASSERT_EQ(rows().first(), u"Copy, Copy the output"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitUntil([] { return QGuiApplication::clipboard()->text() == u"[1,2]"_s; }));
+}
+
 TEST_F(PaletteTest, IsWalkedThroughByKeysAndMouse) {
     press(Qt::Key_K, Qt::ControlModifier);
     const auto current = [&] { return list().currentIndex().row(); };
