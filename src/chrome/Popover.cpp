@@ -17,8 +17,9 @@ namespace {
 
 constexpr int kRadius = 8;
 constexpr int kGap = 4;
-constexpr int kEdge = 12; // that it keeps from the window's edges
-constexpr int kTop = 64;  // below the toolbar
+constexpr int kEdge = 12;         // that it keeps from the window's edges
+constexpr int kTop = 64;          // below the toolbar
+constexpr int kLeastHeight = 200; // with less room below the control it lies over it
 constexpr int kTitleHeight = 44;
 
 class TitleRow : public QWidget {
@@ -74,6 +75,9 @@ void Popover::open(QWidget* window, QPoint corner) {
     constexpr int kReach = Painting::kShadowReach;
     setParent(window);
     QSize box = sizeHint() - QSize(2 * kReach, 2 * kReach);
+    if (window->height() - kEdge - corner.y() < std::min(box.height(), kLeastHeight)) {
+        corner.setY(std::max(kEdge, window->height() - kEdge - box.height()));
+    }
     box.setHeight(std::min(box.height(), window->height() - corner.y() - kEdge));
     corner.setX(std::clamp(corner.x(), kEdge, std::max(kEdge, window->width() - kEdge - box.width())));
     setGeometry(QRect(corner, box).adjusted(-kReach, -kReach, kReach, kReach));

@@ -19,7 +19,8 @@ public:
     // At the far end of the title row.
     void addTitleControl(QWidget* control);
 
-    // Opens it in the control's window and gives the keyboard to the first field in it.
+    // Opens it in the control's window, where it shrinks to the room that there is, and gives the keyboard to
+    // the first field in it.
     void openBelow(QWidget* control);
     // Opens it in the middle of the window's width. What has the keyboard now counts as the control.
     void openAtTopOf(QWidget* window);

@@ -6,12 +6,15 @@
 #include "chrome/SegmentedPicker.h"
 #include "chrome/Theme.h"
 #include "common/Settings.h"
+#include "common/testing/WaitUntil.h"
 #include "shell/SettingsWindow.h"
 #include "timestamp/TimestampToolViewModel.h"
+#include "timestamp/ZonePicker.h"
 
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QLayout>
 #include <QListWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -101,15 +104,29 @@ TEST_F(PreferencesTest, AreChosenInTheSettingsWindowAndHoldAtOnce) {
     }
     EXPECT_FALSE(options.showsLineNumbers() || options.wrapsLines());
 
-    zones.addZone(u"Arctic/Longyearbyen"_s);
+    const auto press = [&window](const QString& title) {
+        for (auto* const button : window.findChildren<QAbstractButton*>()) {
+            if (button->text() == title) {
+                QTest::mouseClick(button, Qt::LeftButton);
+            }
+        }
+    };
+    press(u"Add…"_s);
+    const auto& picker = *window.findChild<ZonePicker*>();
+    const auto box = picker.geometry().marginsRemoved(picker.layout()->contentsMargins());
+    EXPECT_TRUE(window.rect().contains(box));
+    EXPECT_GT(box.height(), 200) << "however low the window is";
+    auto* const search = QApplication::focusWidget();
+    ASSERT_TRUE(picker.isAncestorOf(search));
+    QTest::keyClicks(search, u"longyear"_s);
+    ASSERT_TRUE(waitUntil([&] {
+        QTest::keyClick(search, Qt::Key_Return);
+        return zones.otherZoneNames().contains(u"Arctic/Longyearbyen"_s);
+    }));
     auto& list = control<QListWidget>(window, u"Time zones"_s);
     ASSERT_EQ(list.count(), zones.otherZoneNames().size());
     list.setCurrentRow(list.count() - 1);
-    for (auto* const button : window.findChildren<QAbstractButton*>()) {
-        if (button->text() == u"Move Up") {
-            QTest::mouseClick(button, Qt::LeftButton);
-        }
-    }
+    press(u"Move Up"_s);
     EXPECT_EQ(zones.otherZoneNames().indexOf(u"Arctic/Longyearbyen"_s), list.count() - 2);
 
     QTest::keyClick(&window, Qt::Key_Escape);
