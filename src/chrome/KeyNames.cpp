@@ -8,23 +8,13 @@ QString forPlatform(const QString& text, Platform platform) {
     if (platform == Platform::mac) {
         return text;
     }
-    QString result;
-    for (const QChar sign : text) {
-        switch (sign.unicode()) {
-        case u'⌘':
-            result += "Ctrl+"_L1;
-            break;
-        case u'⇧':
-            result += "Shift+"_L1;
-            break;
-        case u'⌥':
-            result += "Alt+"_L1;
-            break;
-        default:
-            result += sign;
-        }
-    }
-    return result;
+    // Where keys have names, Ctrl comes first.
+    return QString(text)
+        .replace(u"⇧⌘"_s, u"⌘⇧"_s)
+        .replace(u"⌥⌘"_s, u"⌘⌥"_s)
+        .replace(u'⌘', "Ctrl+"_L1)
+        .replace(u'⌥', "Alt+"_L1)
+        .replace(u'⇧', "Shift+"_L1);
 }
 
 } // namespace tarnquill::KeyNames

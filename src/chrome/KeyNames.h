@@ -13,8 +13,8 @@ inline constexpr Platform kThisPlatform = Platform::mac;
 inline constexpr Platform kThisPlatform = Platform::other;
 #endif
 
-// "Open a JSON file (⌘O)" reads "Open a JSON file (Ctrl+O)" where keys have names instead of signs. Every
-// character that is no key sign stays.
+// "Open a JSON file (⌘O)" reads "Open a JSON file (Ctrl+O)" where keys have names instead of signs, in the
+// order of that platform. Every character that is no key sign stays.
 [[nodiscard]] QString forPlatform(const QString& text, Platform platform = kThisPlatform);
 
 } // namespace tarnquill::KeyNames

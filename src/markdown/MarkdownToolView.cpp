@@ -45,7 +45,7 @@ namespace {
 constexpr double kZoomStep = 0.1;
 
 QString missingImagesText(std::size_t count) {
-    return QString::fromStdString(countText(count, "image", "images")) + u" could not be loaded"_s;
+    return QString::fromStdString(countText(count, "image", "images")) + u" not loaded"_s;
 }
 
 } // namespace

@@ -203,7 +203,7 @@ TEST(KeyNamesTest, WritesKeysByNameWhereTheyHaveNoSigns) {
     const auto text = u"Open a JSON file (⌘O), go back with ⇧⌘G — or ⌥⌘F"_s;
     EXPECT_EQ(KeyNames::forPlatform(text, Platform::mac), text);
     EXPECT_EQ(KeyNames::forPlatform(text, Platform::other),
-              u"Open a JSON file (Ctrl+O), go back with Shift+Ctrl+G — or Alt+Ctrl+F"_s);
+              u"Open a JSON file (Ctrl+O), go back with Ctrl+Shift+G — or Ctrl+Alt+F"_s);
 }
 
 } // namespace

@@ -165,7 +165,7 @@ TEST_F(MarkdownToolViewTest, ShowsImagesBesideTheDocumentOnceTheFolderIsAllowed)
 TEST_F(MarkdownToolViewTest, SaysHowManyImagesOfTheWebAreMissingWithoutANetwork) {
     const auto metrics = [&] { return pane(u"Preview"_s).footer().metrics(); };
     ASSERT_TRUE(setText(u"![a](http://127.0.0.1:1/a.png) ![b](http://127.0.0.1:1/b.png) and text"));
-    EXPECT_TRUE(waitUntil([&] { return metrics().last().text == u"2 images could not be loaded"_s; }));
+    EXPECT_TRUE(waitUntil([&] { return metrics().last().text == u"2 images not loaded"_s; }));
     EXPECT_EQ(bodyText().trimmed(), u"and text"_s);
     ASSERT_TRUE(setText(u"text"));
     EXPECT_EQ(metrics().size(), 2);
