@@ -73,18 +73,27 @@ ShortcutsWindow::ShortcutsWindow(QWidget* mainWindow, const QList<QMenu*>& menus
         table->addGroup(menu->title());
         table->addMenu(*menu);
     }
-    table->addGroup(tr("In an Editor"));
-    const std::array kInEditors{
-        std::pair{tr("Indent the selected lines"), native(u"Tab"_s)},
-        std::pair{tr("Take back an indentation"), native(u"Shift+Tab"_s)},
-        std::pair{tr("Leave the editor"), native(u"Ctrl+Tab"_s)},
+    // What has keys and no menu item.
+    using Rows = QList<std::pair<QString, QString>>;
+    const std::array kGroups{
+        std::pair{tr("In an Editor"), Rows{{tr("Indent the selected lines"), native(u"Tab"_s)},
+                                           {tr("Take back an indentation"), native(u"Shift+Tab"_s)},
+                                           {tr("Leave the editor"), native(u"Ctrl+Tab"_s)}}},
+        std::pair{tr("In Markdown"), Rows{{tr("Show or hide the source"), native(u"Ctrl+Alt+P"_s)}}},
+        std::pair{tr("In a Table"), Rows{{tr("Show the whole value"), native(u"Return"_s)},
+                                         {tr("Select the row"), native(u"Shift+Space"_s)}}},
+        std::pair{tr("In the List of Zones"), Rows{{tr("Move the zone"), native(u"Alt+Up, Alt+Down"_s)},
+                                                   {tr("Remove the zone"), native(u"Delete"_s)}}},
+        std::pair{tr("Anywhere"), Rows{{tr("Open the menus"), native(u"F10"_s)},
+                                       {tr("Go to the next control"), native(u"Tab"_s)},
+                                       {tr("Open the menu of what is selected"), native(u"Menu"_s)}}},
     };
-    for (const auto& [name, keys] : kInEditors) {
-        table->add(name, keys);
+    for (const auto& [title, rows] : kGroups) {
+        table->addGroup(title);
+        for (const auto& [name, keys] : rows) {
+            table->add(name, keys);
+        }
     }
-    table->addGroup(tr("Anywhere"));
-    table->add(tr("Open the menus"), native(u"F10"_s));
-    table->add(tr("Go to the next control"), native(u"Tab"_s));
 
     auto* const scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
