@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QMenu>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <array>
@@ -14,6 +15,8 @@ namespace tarnquill {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kHeight = 560;
 
 QString keysOf(const QAction& action) {
     QStringList keys;
@@ -67,7 +70,6 @@ private:
 
 ShortcutsWindow::ShortcutsWindow(QWidget* mainWindow, const QList<QMenu*>& menus)
     : SecondaryWindow(tr("Keyboard Shortcuts"), mainWindow) {
-    resize(440, 560);
     auto* const table = new Table;
     for (const auto* const menu : menus) {
         table->addGroup(menu->title());
@@ -103,6 +105,7 @@ ShortcutsWindow::ShortcutsWindow(QWidget* mainWindow, const QList<QMenu*>& menus
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroll);
+    resize(table->sizeHint().width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent), kHeight);
 }
 
 } // namespace tarnquill
