@@ -1,6 +1,7 @@
 #include "chrome/FocusOrder.h"
 
 #include <QApplication>
+#include <QScrollArea>
 #include <QWidget>
 
 #include <algorithm>
@@ -41,6 +42,15 @@ void collect(const QWidget& area, const QWidget* focused, QList<QWidget*>& stops
     }
 }
 
+// What is entered from outside may be scrolled out of sight.
+void reveal(QWidget& control) {
+    for (auto* parent = control.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+        if (auto* const scroll = qobject_cast<QScrollArea*>(parent)) {
+            scroll->ensureWidgetVisible(&control);
+        }
+    }
+}
+
 } // namespace
 
 bool step(QWidget& area, Direction direction) {
@@ -55,6 +65,7 @@ bool step(QWidget& area, Direction direction) {
     const bool isNext = direction == Direction::next;
     const auto to = isNext ? (at + 1) % count : (std::max<qsizetype>(at, 0) + count - 1) % count;
     stops[to]->setFocus(isNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    reveal(*stops[to]);
     return true;
 }
 

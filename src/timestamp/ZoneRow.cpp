@@ -37,6 +37,7 @@ ZoneRow::ZoneRow(QWidget* parent) : DetailRow(parent), m_remove(new PaneButton(t
 }
 
 void ZoneRow::setZone(const TimestampToolViewModel::OtherZone& zone) {
+    m_remove->setAccessibleName(tr("Remove %1").arg(zone.city));
     if (!zone.time) {
         setTexts({.title = zone.city, .note = zone.name, .value = u"–"_s, .detail = {}});
         setContent(zone.city, {});

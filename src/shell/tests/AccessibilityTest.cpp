@@ -44,14 +44,26 @@ protected:
     }
 
     // An editor takes Tab for itself, and a page for what is in it.
-    static void pressTab(QWidget& focused) {
+    static void pressTab(QWidget& focused, Qt::Key key) {
         auto* page = &focused;
         while (page != nullptr && qobject_cast<WebPageView*>(page) == nullptr) {
             page = page->parentWidget();
         }
         const bool isEditor = qobject_cast<CodeEditor*>(&focused) != nullptr;
-        QTest::keyClick(page != nullptr ? page : &focused, Qt::Key_Tab,
+        QTest::keyClick(page != nullptr ? page : &focused, key,
                         isEditor ? Qt::ControlModifier : Qt::NoModifier);
+    }
+
+    // The stops on the way from where the keyboard is, until one comes again.
+    QList<const QWidget*> walk(Qt::Key key) {
+        QList<const QWidget*> stops;
+        for (auto* stop = keyboard(); !stops.contains(stop); stop = keyboard()) {
+            EXPECT_TRUE(window().rect().contains(stop->mapTo(&window(), stop->rect().center())))
+                << "“" << stop->accessibleName().toStdString() << "” is scrolled out of sight";
+            stops.append(stop);
+            pressTab(*stop, key);
+        }
+        return stops;
     }
 
     static std::string describe(const QAccessibleInterface& thing) {
@@ -100,15 +112,13 @@ bool isReadBefore(const QWidget& one, const QWidget& other) {
 }
 
 TEST_F(AccessibilityTest, TabGoesThroughAllControlsInTheOrderOfReading) {
+    window().resize(window().minimumSize());
     for (const auto* const tool : window().catalogue().inSidebarOrder()) {
         window().selectTool(tool->id);
         window().focusToolView();
         waitUntil([&] { return !window().toolView().isWorking(); });
-        QList<const QWidget*> stops;
-        for (auto* stop = keyboard(); !stops.contains(stop); stop = keyboard()) {
-            stops.append(stop);
-            pressTab(*stop);
-        }
+        walk(Qt::Key_Backtab);
+        const auto stops = walk(Qt::Key_Tab);
         EXPECT_EQ(stops.first(), keyboard()) << tool->id.toStdString() << ": a round";
         int turns = 0; // to the beginning
         for (qsizetype index = 0; index < stops.size(); ++index) {
