@@ -13,7 +13,8 @@ namespace tarnquill::cli {
 
 namespace {
 
-constexpr std::size_t kBlockSize = std::size_t{256} << 10;
+// Large enough that the two threads seldom wake each other, which takes longer than copying a small block.
+constexpr std::size_t kBlockSize = std::size_t{1} << 20;
 
 void writeAll(std::string_view text) {
     while (!text.empty()) {

@@ -27,7 +27,7 @@ public:
     void endLine();
 
 private:
-    static constexpr std::size_t kBlocks = 4;
+    static constexpr std::size_t kBlocks = 3;
 
     void handOver();
     void writeBlocks();
