@@ -46,6 +46,8 @@ TEST(CommandLine, TellsWrongUsageInOneLineWithStatus2) {
         {{"json", "format", "--indent", "-1"}, "“-1” is neither “tab” nor a number of spaces"},
         {{"json", "format", "--indent", "2x"}, "“2x” is neither"},
         {{"json", "search", "\xFF"}, "The query is not UTF-8 text."},
+        {{"timestamp", "read", "0", "--zone", "Nowhere/None"},
+         "“Nowhere/None” is not the name of a time zone"},
     };
     for (const auto& [arguments, message] : rows) {
         const auto outcome = run(arguments, kCompact);
