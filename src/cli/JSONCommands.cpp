@@ -69,7 +69,7 @@ Result print(const std::string& file, const Write& write) {
         return failed(text.error());
     }
     StandardOutput output;
-    const auto written = write(text->view(), [&](std::string_view piece) { output.write(piece); });
+    const auto written = write(text->view(), [&](std::string_view piece) { output.writeWithoutCopy(piece); });
     if (!written) {
         return failed({.exitStatus = kRefused, .message = written.error().message});
     }

@@ -63,6 +63,13 @@ void StandardOutput::write(std::string_view text) {
     }
 }
 
+void StandardOutput::writeWithoutCopy(std::string_view text) {
+    if (!text.empty()) {
+        m_last = text.back();
+        writeAll(text);
+    }
+}
+
 void StandardOutput::endLine() {
     if (m_last != '\n') {
         write("\n");

@@ -23,6 +23,9 @@ public:
     // message.
     void write(std::string_view text);
 
+    // The same for pieces that are made by several threads and long enough to be written as they are.
+    void writeWithoutCopy(std::string_view text);
+
     // Writes a line feed, unless the last thing written was one.
     void endLine();
 

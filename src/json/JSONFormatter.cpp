@@ -110,7 +110,7 @@ std::expected<void, FormatError> write(std::string_view text, std::optional<Inde
     if (!parsed) {
         return std::unexpected(FormatError{parsed.error().message});
     }
-    JSONWriter(parsed->document, indent, sortMode, sink).write();
+    JSONWriter(parsed->document, indent, sortMode, sink).writeByTwo();
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstring>
 #include <functional>
+#include <future>
 #include <span>
 
 namespace tarnquill {
@@ -14,11 +15,13 @@ namespace {
 
 using JSONFormatter::SortMode;
 
-// Small enough to stay in the processor's cache while it is filled and taken.
-constexpr std::size_t kBlockSize = std::size_t{128} << 10;
+// Small enough to stay in the processor's cache while it is filled and taken, and with room for a batch.
+constexpr std::size_t kBlockSize = std::size_t{512} << 10;
 // A copy of this fixed size is a few instructions, so short pieces are copied as one, whatever follows them.
 constexpr std::size_t kChunk = 32;
 constexpr std::size_t kSlack = 8 * kChunk;
+// The values and keys of an array from which it takes longer to write than a thread takes to start.
+constexpr std::size_t kWorthAThread = std::size_t{1} << 17;
 
 // For each byte the character after the backslash, 'u' for an escape by number, or 0 for a byte that stands
 // for itself.
@@ -51,8 +54,8 @@ char* putShort(char* next, std::string_view text) {
 JSONWriter::JSONWriter(const JSONDocument& document, std::optional<JSONFormatter::Indent> indent,
                        SortMode sortMode, const JSONFormatter::Sink& sink)
     : m_document(document),
+      m_indent(indent),
       m_indentUnit(indent ? indent->unit() : std::string()),
-      m_hasLines(indent.has_value()),
       m_keySeparator(indent ? " : " : ":"),
       m_sortMode(sortMode),
       m_sink(sink),
@@ -66,7 +69,12 @@ JSONWriter::JSONWriter(const JSONDocument& document, std::optional<JSONFormatter
 }
 
 void JSONWriter::write() {
-    flush(writeValue(m_block.get(), m_document.root(), m_hasLines ? 1 : 0));
+    flush(writeValue(m_block.get(), m_document.root(), m_indent ? 1 : 0));
+}
+
+void JSONWriter::writeByTwo() {
+    m_byTwo = true;
+    write();
 }
 
 char* JSONWriter::writeValue(char* next, JSONValue value, std::size_t lineStart) {
@@ -94,15 +102,53 @@ char* JSONWriter::writeArray(char* next, JSONValue array, std::size_t lineStart)
     if (array.count() == 0) {
         return putShort(next, "[]");
     }
-    char separator = '[';
-    for (const auto element : array.elements()) {
-        *next++ = separator;
-        next = startLine(next, lineStart + m_indentUnit.size());
-        next = writeValue(next, element, lineStart + m_indentUnit.size());
-        separator = ',';
+    if (m_byTwo && array.extent() >= kWorthAThread) {
+        next = writeArrayByTwo(next, array, lineStart);
+    } else {
+        next = writeElements(next, array.elements(), '[', lineStart + m_indentUnit.size());
     }
     next = startLine(next, lineStart);
     *next++ = ']';
+    return next;
+}
+
+char* JSONWriter::writeArrayByTwo(char* next, JSONValue array, std::size_t lineStart) {
+    next = flush(next);
+    ElementBatches batches(array.elements());
+    const auto write = [&] { writeBatches(batches, lineStart + m_indentUnit.size()); };
+    auto other = std::async(std::launch::async | std::launch::deferred, write);
+    write();
+    other.get();
+    return next;
+}
+
+// What has been written waits in the block of a writer of its own until the batches before are in the sink.
+void JSONWriter::writeBatches(ElementBatches& batches, std::size_t lineStart) const {
+    const ElementBatches::Batch* current = nullptr;
+    const JSONFormatter::Sink inTurn = [&](std::string_view piece) {
+        current->awaitTurn();
+        m_sink(piece);
+    };
+    JSONWriter writer(m_document, m_indent, m_sortMode, inTurn);
+    while (true) {
+        const ElementBatches::Batch batch(batches);
+        if (batch.elements().empty()) {
+            return;
+        }
+        current = &batch;
+        const auto separator = batch.isFirst() ? '[' : ',';
+        writer.flush(writer.writeElements(writer.m_block.get(), batch.elements(), separator, lineStart));
+    }
+}
+
+template <typename Elements>
+char* JSONWriter::writeElements(char* next, const Elements& elements, char separator, std::size_t lineStart) {
+    for (const auto element : elements) {
+        *next++ = separator;
+        next = startLine(next, lineStart);
+        next = writeValue(next, element, lineStart);
+        separator = ',';
+    }
     return next;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/JSONReader.h"
+#include "json/ElementBatches.h"
 #include "json/JSONFormatter.h"
 
 #include <cstddef>
@@ -21,6 +22,10 @@ public:
 
     void write();
 
+    // The same by two threads when there is a large array, whose elements they share. The sink is called by
+    // both, never at the same time.
+    void writeByTwo();
+
 private:
     struct SortedMember {
         std::string_view key;
@@ -33,6 +38,10 @@ private:
     // There always is kSlack of room, as what is long makes its own room and every line start renews it.
     char* writeValue(char* next, JSONValue value, std::size_t lineStart);
     char* writeArray(char* next, JSONValue array, std::size_t lineStart);
+    char* writeArrayByTwo(char* next, JSONValue array, std::size_t lineStart);
+    void writeBatches(ElementBatches& batches, std::size_t lineStart) const;
+    template <typename Elements>
+    char* writeElements(char* next, const Elements& elements, char separator, std::size_t lineStart);
     char* writeObject(char* next, JSONValue object, std::size_t lineStart);
     char* writeSortedMembers(char* next, JSONValue object, std::size_t lineStart);
     char* writeMember(char* next, const JSONMember& member, std::size_t lineStart);
@@ -44,8 +53,9 @@ private:
     char* flush(const char* next);
 
     const JSONDocument& m_document;
+    std::optional<JSONFormatter::Indent> m_indent;
     std::string m_indentUnit;
-    bool m_hasLines;
+    bool m_byTwo = false;
     std::string_view m_keySeparator;
     JSONFormatter::SortMode m_sortMode;
     const JSONFormatter::Sink& m_sink;

@@ -171,10 +171,16 @@ TEST(JSONFormatter, WritesLargeDocumentsPieceByPiece) {
     // Only the exponents' form differs from the source.
     EXPECT_EQ(small.size(), source.size() + 20'000 * (std::string_view("100000.0").size() - 3));
 
-    std::string pieces;
-    ASSERT_TRUE(
-        JSONFormatter::format(source, {}, SortMode::none, [&](std::string_view piece) { pieces += piece; }));
-    EXPECT_EQ(pieces, once);
+    // Two threads make the pieces; one of the arrays' elements is nearly the whole document.
+    for (const auto& document :
+         {source, R"({"b":1,"a":)" + source + R"(,"c":[]})", "[0," + source + ",[" + source + "]]"}) {
+        for (const auto mode : {SortMode::none, SortMode::descending}) {
+            std::string pieces;
+            ASSERT_TRUE(
+                JSONFormatter::format(document, {}, mode, [&](std::string_view piece) { pieces += piece; }));
+            EXPECT_EQ(pieces, formatted(document, {}, mode));
+        }
+    }
     source.back() = '}';
     bool isCalled = false;
     EXPECT_FALSE(JSONFormatter::minify(source, SortMode::none, [&](std::string_view) { isCalled = true; }));
