@@ -13,6 +13,7 @@ class QtWebEngineModule : public QObject, public WebEngineModule {
     Q_INTERFACES(tarnquill::WebEngineModule)
 
 public:
+    void readAhead() const override;
     void registerSchemes(const QList<QByteArray>& schemes) override;
     [[nodiscard]] std::unique_ptr<WebPage> makePage(const WebPage::Setup& setup,
                                                     WebPage::Client& client) override;

@@ -61,7 +61,7 @@ void WebEngine::load() {
         Q_EMIT ready();
         return;
     }
-    if (m_loading.isPending()) {
+    if (m_loading.isPending() || m_reading.isPending()) {
         return;
     }
     // The engine would end the whole program. Scripts that start it as root on purpose switch its sandbox
@@ -80,14 +80,23 @@ void WebEngine::load() {
 
 void WebEngine::finishLoad(bool isLoaded) {
     QPluginLoader loader(modulePath());
-    m_module = isLoaded ? qobject_cast<WebEngineModule*>(loader.instance()) : nullptr;
-    if (m_module == nullptr) {
+    auto* const module = isLoaded ? qobject_cast<WebEngineModule*>(loader.instance()) : nullptr;
+    if (module == nullptr) {
         fail(tr("The web engine could not be loaded: %1").arg(loader.errorString()));
         return;
     }
-    m_failure.clear();
-    m_module->registerSchemes(schemes());
-    Q_EMIT ready();
+    module->registerSchemes(schemes());
+    m_reading.start(
+        0ms,
+        [module](const std::stop_token&) {
+            module->readAhead();
+            return module;
+        },
+        [this](WebEngineModule* loaded) {
+            m_module = loaded;
+            m_failure.clear();
+            Q_EMIT ready();
+        });
 }
 
 void WebEngine::fail(const QString& failure) {

@@ -100,6 +100,10 @@ class WebEngineModule {
 public:
     virtual ~WebEngineModule() = default;
 
+    // Reads the engine's library through, on any thread. The engine's start needs pages from all over it;
+    // those that nobody used lately would come from the disk one by one, with the main thread waiting for
+    // each.
+    virtual void readAhead() const = 0;
     // Before the first page, and once.
     virtual void registerSchemes(const QList<QByteArray>& schemes) = 0;
     // The client outlives the page.

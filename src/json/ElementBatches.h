@@ -1,5 +1,5 @@
-// Hands the elements of an array to several threads, a batch of neighbours at a time, and keeps the turn in which
-// the threads pass on what they have made of them.
+// Hands the elements of an array to several threads, a batch of neighbours at a time, and keeps the turn in
+// which the threads pass on what they have made of them.
 #pragma once
 
 #include "common/JSONValue.h"
@@ -15,7 +15,8 @@ class ElementBatches {
 public:
     using Iterator = JSONValue::Elements::Iterator;
 
-    // The next elements that no batch has. The turn goes on to the batch behind it when this one is destroyed.
+    // The next elements that no batch has. The turn goes on to the batch behind it when this one is
+    // destroyed.
     class Batch {
     public:
         explicit Batch(ElementBatches& batches);
