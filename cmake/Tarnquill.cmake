@@ -5,7 +5,7 @@
 #   tarnquill_view(NAME SOURCES … LINKS …)     NAME_view: model + chrome
 #   tarnquill_test(TARGET SOURCES … LINKS … [QT_CORE | QT_WIDGETS])
 #
-# LINKS are public, so the link graph is the architecture: a header that a layer must not see is not on its path.
+# LINKS are public, so the link graph is the architecture: what a layer must not use does not compile or does not link.
 
 set(CMAKE_CXX_STANDARD 23)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)

@@ -33,7 +33,8 @@ ActivePaneLine* ToolView::setPanes(ToolPane* left, ToolPane* right) {
     auto* const splitter = new Splitter(Qt::Horizontal);
     splitter->addPane(left, 1, kMinimum);
     splitter->addPane(right, 1, kMinimum);
-    splitter->setSizes({kMinimum, kMinimum});
+    constexpr int kShare = 10'000;
+    splitter->setSizes({kShare, kShare + 1}); // of an odd width, the right one has the pixel more
     PaneHeader::alignHeights({&left->header(), &right->header()});
     setContent(splitter);
     setFirstFocus(left->content());

@@ -29,7 +29,8 @@ struct Options {
 };
 
 Result read(std::string_view text, const Options& options) {
-    const auto zoneName = options.zoneName.empty() ? ICUTimeZone::systemZoneName() : options.zoneName;
+    const auto knownName = options.zoneName.empty() ? ICUTimeZone::systemZoneName() : options.zoneName;
+    const auto zoneName = knownName.value_or(ICUTimeZone::kFallbackName);
     const auto zone = ICUTimeZone::find(zoneName);
     const auto parsed = Timestamp::parse(text, options.unit, *zone);
     if (!parsed) {
@@ -39,7 +40,11 @@ Result read(std::string_view text, const Options& options) {
     for (const auto& row : Timestamp::rows(parsed->instant, *zone)) {
         output.append(row.label).append("\t").append(row.value).append("\n");
     }
-    return lines(output + "Reading\t" + note(parsed->reading, zoneName));
+    auto result = lines(output + "Reading\t" + note(parsed->reading, zoneName));
+    if (!knownName) {
+        result.error = "The system's time zone is unknown: local times are in UTC.";
+    }
+    return result;
 }
 
 // A leading minus sign and digits look like an option, so the command line leaves them among what it cannot

@@ -19,14 +19,14 @@ std::shared_ptr<const ICUTimeZone> ICUTimeZone::find(std::string_view name) {
         new ICUTimeZone(std::unique_ptr<const icu::TimeZone>(icu::TimeZone::createTimeZone(id))));
 }
 
-std::string ICUTimeZone::systemZoneName() {
+std::optional<std::string> ICUTimeZone::systemZoneName() {
     const std::unique_ptr<const icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
     std::string name;
     if (zone) {
         icu::UnicodeString id;
         zone->getID(id).toUTF8String(name);
     }
-    return find(name) ? name : "UTC";
+    return find(name) ? std::optional(name) : std::nullopt;
 }
 
 ICUTimeZone::ICUTimeZone(std::unique_ptr<const icu::TimeZone> zone) : m_zone(std::move(zone)) {}

@@ -6,6 +6,7 @@
 #include <unicode/uversion.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,8 +21,10 @@ public:
     // The zone with an IANA name such as "Europe/Berlin"; null when the data has none of that name.
     [[nodiscard]] static std::shared_ptr<const ICUTimeZone> find(std::string_view name);
 
-    // The name of the zone that the system is set to, and "UTC" when the data does not know it.
-    [[nodiscard]] static std::string systemZoneName();
+    // The name of the zone that the system is set to, unless the data has none of that name.
+    [[nodiscard]] static std::optional<std::string> systemZoneName();
+    // The zone to take then.
+    static constexpr auto kFallbackName = "UTC";
 
     ~ICUTimeZone() override;
 

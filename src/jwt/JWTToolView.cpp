@@ -240,7 +240,7 @@ void JWTToolView::makeSignaturePane() {
     connect(m_base64, &PaneButton::clicked, this,
             [this](bool isOn) { m_model.setSecretForm(isOn ? SecretForm::base64 : SecretForm::text); });
     header.addOption(m_base64);
-    m_signaturePane->follow(m_model.openingTask(), u"Opening…"_s);
+    m_signaturePane->follow(m_model.openingTask(), u"Opening…"_s, ToolPane::Escape::cancels);
     new FileDropTarget(m_signaturePane,
                        {.open =
                             [this](const QList<QUrl>& urls) {

@@ -47,7 +47,9 @@ struct JWTToolViewModel::Reading {
 };
 
 JWTToolViewModel::JWTToolViewModel(QObject* parent)
-    : JWTToolViewModel(systemTime, ICUTimeZone::find(ICUTimeZone::systemZoneName()), parent) {}
+    : JWTToolViewModel(systemTime,
+                       ICUTimeZone::find(ICUTimeZone::systemZoneName().value_or(ICUTimeZone::kFallbackName)),
+                       parent) {}
 
 JWTToolViewModel::JWTToolViewModel(Clock clock, std::shared_ptr<const TimeZone> localZone, QObject* parent)
     : QObject(parent),

@@ -85,11 +85,11 @@ void MarkdownToolView::makeToolbar() {
         new PaneButton(u"Source"_s, u"chevron.left.forwardslash.chevron.right"_s, PaneButton::Look::outlined);
     m_source->setCheckable(true);
     connect(m_source, &PaneButton::toggled, this, &MarkdownToolView::setSourceShown);
-    auto* const toggle = new QAction(this);
-    toggle->setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_P);
-    toggle->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(toggle, &QAction::triggered, m_source, &PaneButton::toggle);
-    addAction(toggle);
+    m_toggleSource = new QAction(this);
+    m_toggleSource->setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_P);
+    m_toggleSource->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(m_toggleSource, &QAction::triggered, m_source, &PaneButton::toggle);
+    addAction(m_toggleSource);
 
     m_find = new PaneButton(u"Find"_s, u"search"_s, PaneButton::Look::outlined);
     m_find->setToolTip(KeyNames::forPlatform(u"Find in the focused pane (⌘F)"_s));
@@ -119,7 +119,7 @@ void MarkdownToolView::makeSourcePane() {
     connect(m_clear, &PaneButton::clicked, &m_model, &MarkdownToolViewModel::clear);
     m_sourcePane->header().addButton(m_copy);
     m_sourcePane->header().addButton(m_clear);
-    m_sourcePane->follow(m_model.openingTask(), u"Opening…"_s);
+    m_sourcePane->follow(m_model.openingTask(), u"Opening…"_s, ToolPane::Escape::cancels);
 
     m_newerFile = new PromptBar(u"Reload"_s, u"Keep"_s);
     connect(m_newerFile, &PromptBar::accepted, this, [this] {
@@ -241,7 +241,9 @@ void MarkdownToolView::setSourceShown(bool shown) {
     m_source->setChecked(shown);
     m_source->setToolTip(KeyNames::forPlatform(shown ? u"Hide the Markdown source (⌘⌥P)"_s
                                                      : u"Show the Markdown source (⌘⌥P)"_s));
+    m_toggleSource->setText(shown ? u"Hide Source"_s : u"Show Source"_s);
     m_sourcePane->setVisible(shown);
+    setFirstFocus(shown ? static_cast<QWidget*>(m_editor) : m_preview);
     if (!shown) {
         m_activeLine->setActivePane(m_previewPane);
         m_preview->setFocus();

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class QAction;
 class QMenu;
 
 namespace tarnquill {
@@ -80,6 +81,7 @@ private:
     PromptBar* m_folderPrompt;
     PaneButton* m_open;
     PaneButton* m_source;
+    QAction* m_toggleSource;
     PaneButton* m_find;
     PaneButton* m_copy;
     PaneButton* m_clear;

@@ -210,7 +210,7 @@ void MermaidToolView::makeSourcePane() {
     m_sourcePane->header().addButton(m_reload);
     m_sourcePane->header().addButton(m_copy);
     m_sourcePane->header().addButton(m_clear);
-    m_sourcePane->follow(m_model.openingTask(), u"Opening…"_s);
+    m_sourcePane->follow(m_model.openingTask(), u"Opening…"_s, ToolPane::Escape::cancels);
 }
 
 void MermaidToolView::makePreviewPane() {

@@ -7,6 +7,7 @@
 #include "chrome/ToolView.h"
 #include "chrome/Toolbar.h"
 
+#include <QAction>
 #include <QPointer>
 
 namespace tarnquill {
@@ -51,6 +52,17 @@ QStringList titlesOf(const ComboBox& box) {
 QList<Choice> toolChoices(const ToolView& tool, const QString& toolName) {
     const auto anyKey = KeyNames::forPlatform(u"⌘"_s);
     QList<Choice> choices;
+    for (auto* const action : tool.actions()) {
+        choices.append({.title = action->text(),
+                        .detail = toolName,
+                        .symbol = {},
+                        .shortcut = action->shortcut().toString(QKeySequence::NativeText),
+                        .choose = [action = QPointer(action)] {
+                            if (action != nullptr) {
+                                action->trigger();
+                            }
+                        }});
+    }
     for (auto* const control : tool.findChildren<QWidget*>()) {
         const auto help = control->toolTip();
         if (!control->isVisible() || !control->isEnabled() || help.contains(anyKey) ||

@@ -199,7 +199,12 @@ void TimestampToolView::showLocalZone() {
         const auto rows = m_model.rows();
         metrics.append({.text = counted(rows ? rows->size() : 0, "value", "values")});
     }
-    metrics.append({.text = tr("Local zone %1").arg(m_model.localOffset())});
+    if (m_model.isLocalZoneKnown()) {
+        metrics.append({.text = tr("Local zone %1").arg(m_model.localOffset())});
+    } else {
+        metrics.append({.text = tr("The system's time zone is unknown: local times are in UTC"),
+                        .color = ColorRole::badText});
+    }
     m_outputPane->footer().setMetrics(metrics);
 }
 

@@ -125,7 +125,7 @@ QString TimestampToolViewModel::formName() const {
 }
 
 QString TimestampToolViewModel::note() const {
-    return m_result ? QString::fromStdString(Timestamp::note(m_result->reading, m_zoneName)) : QString();
+    return m_result ? QString::fromStdString(Timestamp::note(m_result->reading, zoneName())) : QString();
 }
 
 std::optional<Timestamp::Failure> TimestampToolViewModel::failure() const {
@@ -176,7 +176,11 @@ void TimestampToolViewModel::setLocalZone(const QString& name) {
 
 void TimestampToolViewModel::adoptZone() {
     m_zoneName = followsSystemZone() ? m_systemZone() : m_chosenZone;
-    m_zone = ICUTimeZone::find(m_zoneName);
+    m_zone = ICUTimeZone::find(zoneName());
+}
+
+std::string TimestampToolViewModel::zoneName() const {
+    return m_zoneName.value_or(ICUTimeZone::kFallbackName);
 }
 
 std::optional<TimestampToolViewModel::NamedZone> TimestampToolViewModel::findZone(const QString& name) {

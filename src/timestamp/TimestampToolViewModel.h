@@ -28,7 +28,7 @@ class TimestampToolViewModel : public QObject {
 
 public:
     using Clock = std::function<Timestamp::Instant()>;
-    using SystemZone = std::function<std::string()>; // its name
+    using SystemZone = std::function<std::optional<std::string>()>; // its name, if it is known
 
     struct OtherZone {
         QString name;
@@ -74,7 +74,9 @@ public:
     // Looks at the clock, and at the system's zone where that is followed. Call it now and then while shown.
     void refresh();
 
-    [[nodiscard]] QString localZone() const { return QString::fromStdString(m_zoneName); }
+    [[nodiscard]] QString localZone() const { return QString::fromStdString(zoneName()); }
+    // Otherwise the system's zone is followed, and UTC is taken for it.
+    [[nodiscard]] bool isLocalZoneKnown() const { return m_zoneName.has_value(); }
     [[nodiscard]] QString localOffset() const; // "+02:00" at the instant, or now
     [[nodiscard]] bool followsSystemZone() const { return m_chosenZone.empty(); }
     // An empty name follows the system. A name that is no zone's changes nothing.
@@ -123,6 +125,7 @@ private:
     void restore();
     void storeZones();
     void adoptZone();
+    [[nodiscard]] std::string zoneName() const;
     void replaceText(const QString& text);
     void showList(const QString& text);
     void read();
@@ -137,7 +140,7 @@ private:
     QString m_listText; // null when no list is shown
     Timestamp::UnitChoice m_unit = Timestamp::UnitChoice::automatic;
     std::string m_chosenZone; // empty to follow the system
-    std::string m_zoneName;
+    std::optional<std::string> m_zoneName;
     std::shared_ptr<const TimeZone> m_zone;
     std::vector<NamedZone> m_otherZones;
     Result m_result = std::unexpected(Timestamp::Failure::empty);

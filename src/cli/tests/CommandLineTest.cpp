@@ -111,6 +111,14 @@ TEST(CommandLine, SaysWhatTheEngineRefusesAndPrintsNothingElse) {
     EXPECT_TRUE(isOneLine(refused.error)) << refused.error;
 }
 
+TEST(CommandLine, SaysThatTheSystemsZoneIsUnknown) {
+    EXPECT_THAT(
+        runShell("TZ=Mars/Olympus $CLI timestamp read 0"),
+        AllOf(Field(&Outcome::exitStatus, 0),
+              Field(&Outcome::output, HasSubstr("ISO 8601, local\t1970-01-01T00:00:00Z\n")),
+              Field(&Outcome::error, "The system's time zone is unknown: local times are in UTC.\n")));
+}
+
 TEST(CommandLine, EndsWhenNobodyReadsOrNothingCanBeWritten) {
     const auto file = fileWith("[" + std::string(400'000, ' ') + "\"" + std::string(400'000, 'x') + "\"]");
     EXPECT_EQ(runShell("$CLI json format " + file + " | head -c 1"), (Outcome{0, "[", ""}));

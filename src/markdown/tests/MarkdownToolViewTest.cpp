@@ -231,6 +231,8 @@ TEST_F(MarkdownToolViewTest, GoesToTheHeadingThatIsPickedWhetherOrNotTheSourceSh
     view.setSourceShown(false);
     pick(10);
     EXPECT_NEAR(inPage(topOfHeading.arg(10)).toDouble(), 0, 2);
+    view.setFocus(); // as the shell does when the tool is selected
+    EXPECT_FALSE(editor().hasFocus());
 }
 
 TEST_F(MarkdownToolViewTest, CopiesTheRenderedDocument) {

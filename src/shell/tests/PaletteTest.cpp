@@ -167,6 +167,12 @@ TEST_F(PaletteTest, ReachesTheControlsOfTheShownTool) {
     ASSERT_EQ(rows().first(), u"Copy, Copy the output"_s);
     press(Qt::Key_Return);
     EXPECT_TRUE(waitUntil([] { return QGuiApplication::clipboard()->text() == u"[1,2]"_s; }));
+    window().selectTool(u"markdown"_s);
+    press(Qt::Key_K, Qt::ControlModifier);
+    type(u"hide source"_s);
+    EXPECT_EQ(rows().first(), u"Hide Source, Markdown, Ctrl+Alt+P"_s);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(input().isVisible());
 }
 
 TEST_F(PaletteTest, IsWalkedThroughByKeysAndMouse) {

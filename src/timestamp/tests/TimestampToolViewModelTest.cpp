@@ -18,7 +18,7 @@ using Timestamp::UnitChoice;
 class TimestampToolViewModelTest : public testing::Test {
 protected:
     Timestamp::Instant now{.seconds = 1'790'553'600, .nanoseconds = 250'000'000};
-    std::string systemZone = "Europe/Berlin";
+    std::optional<std::string> systemZone = "Europe/Berlin";
     QTemporaryDir folder;
     Settings settings{folder.filePath(u"settings.ini"_s)};
 
@@ -139,6 +139,15 @@ TEST_F(TimestampToolViewModelTest, FollowsTheSystemsZoneUntilAnotherIsChosen) {
     model->setLocalZone({});
     EXPECT_TRUE(model->followsSystemZone());
     EXPECT_EQ(model->localZone(), u"Europe/Berlin"_s);
+
+    EXPECT_TRUE(model->isLocalZoneKnown());
+    systemZone.reset();
+    model->refresh();
+    EXPECT_FALSE(model->isLocalZoneKnown());
+    EXPECT_EQ(model->localZone(), u"UTC"_s);
+    const auto changes = changed.count();
+    model->refresh();
+    EXPECT_EQ(changed.count(), changes);
 }
 
 TEST_F(TimestampToolViewModelTest, BuildsATimeOnTheLocalClock) {

@@ -1,6 +1,7 @@
 #include "timestamp/TimestampToolView.h"
 
 #include "chrome/PaneButton.h"
+#include "chrome/PaneFooter.h"
 #include "chrome/SegmentedPicker.h"
 #include "chrome/TextLabel.h"
 #include "common/Settings.h"
@@ -28,10 +29,11 @@ using namespace Qt::StringLiterals;
 
 class TimestampToolViewTest : public testing::Test {
 protected:
+    std::optional<std::string> systemZone = "Europe/Berlin";
     QTemporaryDir folder;
     Settings settings{folder.filePath(u"settings.ini"_s)};
     TimestampToolViewModel model{settings, [] { return Timestamp::Instant{.seconds = 1'790'553'600}; },
-                                 [] { return std::string("Europe/Berlin"); }};
+                                 [this] { return systemZone; }};
     TimestampToolView view{model};
     TimestampField* field = view.findChild<TimestampField*>();
 
@@ -183,6 +185,14 @@ TEST_F(TimestampToolViewTest, PicksTheLocalZoneAndGoesBackToTheSystems) {
     zone->showPopup();
     QTest::mouseClick(button(u"Use System Zone"_s), Qt::LeftButton);
     EXPECT_EQ(model.localZone(), u"Europe/Berlin"_s);
+
+    systemZone.reset();
+    model.refresh();
+    const auto footers = view.findChildren<PaneFooter*>();
+    EXPECT_TRUE(std::ranges::any_of(footers, [](const PaneFooter* footer) {
+        return footer->accessibleName().endsWith(
+            u"The system's time zone is unknown: local times are in UTC"_s);
+    }));
 }
 
 TEST_F(TimestampToolViewTest, MovesAndRemovesZonesByKeyboardAndMouse) {
