@@ -9,9 +9,17 @@
 namespace tarnquill::FocusOrder {
 namespace {
 
-QList<QWidget*> childrenAsRead(const QWidget& parent) {
+// What has the keyboard counts even if it has just been hidden or disabled, for that is where the way goes
+// on.
+bool isOnTheWay(const QWidget& child, const QWidget* focused) {
+    return !child.isWindow() &&
+           (&child == focused || child.isAncestorOf(focused) || (!child.isHidden() && child.isEnabled()));
+}
+
+// The others have no part in the rows: what is hidden may lie anywhere.
+QList<QWidget*> childrenAsRead(const QWidget& parent, const QWidget* focused) {
     auto children = parent.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    children.removeIf([](const QWidget* child) { return child->isWindow(); });
+    children.removeIf([focused](const QWidget* child) { return !isOnTheWay(*child, focused); });
     std::ranges::stable_sort(children, {}, &QWidget::y);
     for (auto row = children.begin(); row != children.end();) {
         const auto bottom = (*row)->geometry().bottom();
@@ -28,17 +36,12 @@ bool takesTab(const QWidget& widget) {
     return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.focusProxy() == nullptr;
 }
 
-// What has the keyboard is listed even if it has just been hidden or disabled, for that is where the way
-// goes on.
 void collect(const QWidget& area, const QWidget* focused, QList<QWidget*>& stops) {
-    for (auto* const child : childrenAsRead(area)) {
-        const bool isFocused = child == focused;
-        if (isFocused || child->isAncestorOf(focused) || (!child->isHidden() && child->isEnabled())) {
-            if (isFocused || takesTab(*child)) {
-                stops.append(child);
-            }
-            collect(*child, focused, stops);
+    for (auto* const child : childrenAsRead(area, focused)) {
+        if (child == focused || takesTab(*child)) {
+            stops.append(child);
         }
+        collect(*child, focused, stops);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <system_error>
 
 namespace tarnquill::cli {
 
@@ -78,7 +79,13 @@ void StandardOutput::endLine() {
 
 void StandardOutput::handOver() {
     if (!m_thread.joinable()) {
-        m_thread = std::thread(&StandardOutput::writeBlocks, this);
+        try {
+            m_thread = std::thread(&StandardOutput::writeBlocks, this);
+        } catch (const std::system_error&) { // There are too many; this one writes, then.
+            writeAll(m_blocks.front());
+            m_blocks.front().clear();
+            return;
+        }
     }
     m_full.release();
     m_free.acquire();

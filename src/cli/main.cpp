@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <new>
 
 namespace tarnquill::cli {
 
@@ -62,10 +63,15 @@ Result run(int argc, char** argv) {
 } // namespace tarnquill::cli
 
 int main(int argc, char** argv) {
-    const auto result = tarnquill::cli::run(argc, argv);
-    if (!result.error.empty()) {
-        std::cerr << result.error << '\n';
+    try {
+        const auto result = tarnquill::cli::run(argc, argv);
+        if (!result.error.empty()) {
+            std::cerr << result.error << '\n';
+        }
+        tarnquill::cli::StandardOutput().write(result.output);
+        return result.exitStatus;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "Not enough memory.\n";
+        return tarnquill::cli::kUnreadable;
     }
-    tarnquill::cli::StandardOutput().write(result.output);
-    return result.exitStatus;
 }

@@ -28,7 +28,7 @@ std::expected<JSONDocument, Error> parse(std::string_view source) {
 } // namespace
 
 std::expected<JSONDocument, Error> read(std::string_view source) {
-    if (source.size() > JSONTape::kLargestPosition) {
+    if (source.size() > JSONTape::kLargestSource) {
         return std::unexpected(Error{.message = "The text is too large to be read.", .range = {}});
     }
     const auto text = withoutByteOrderMark(source);

@@ -39,6 +39,8 @@ public:
 
     static constexpr std::size_t kPositionBits = 36;
     static constexpr std::size_t kLargestPosition = (std::size_t{1} << kPositionBits) - 1;
+    // Of the words and characters of two parts each has a position.
+    static constexpr std::size_t kLargestSource = kLargestPosition / 2;
 
     JSONTape(std::string_view source, std::size_t parts);
 

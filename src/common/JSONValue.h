@@ -51,8 +51,8 @@ public:
     [[nodiscard]] Elements elements() const;
     // In the order of the source.
     [[nodiscard]] Members members() const;
-    // The values and keys that it is made of, itself included. No less than there are, and a few more
-    // perhaps.
+    // No less than the values and keys that it is made of, itself included. Far more when it spans the place
+    // where the tape's second part goes on.
     [[nodiscard]] std::size_t extent() const { return m_tape->end(m_index) - m_index; }
     // The object's value for the key, by a walk over its members; nothing when this is no object.
     [[nodiscard]] std::optional<JSONValue> find(std::string_view key) const;

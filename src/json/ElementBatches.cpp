@@ -24,15 +24,13 @@ ElementBatches::Batch::Batch(ElementBatches& batches) : m_batches(batches) {
 
 ElementBatches::Batch::~Batch() {
     awaitTurn();
-    m_batches.m_turn.store(m_number + 1, std::memory_order_release);
+    m_batches.m_turn = m_number + 1;
     m_batches.m_turn.notify_all();
 }
 
 void ElementBatches::Batch::awaitTurn() const {
-    auto turn = m_batches.m_turn.load(std::memory_order_acquire);
-    while (turn != m_number) {
-        m_batches.m_turn.wait(turn, std::memory_order_acquire);
-        turn = m_batches.m_turn.load(std::memory_order_acquire);
+    for (std::uint32_t turn = m_batches.m_turn; turn != m_number; turn = m_batches.m_turn) {
+        m_batches.m_turn.wait(turn);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "chrome/BadgeLabel.h"
 #include "chrome/ComboBox.h"
 #include "chrome/FindBar.h"
+#include "chrome/FocusOrder.h"
 #include "chrome/KeyNames.h"
 #include "chrome/PaneButton.h"
 #include "chrome/SearchBar.h"
@@ -196,6 +197,26 @@ TEST(AccessibilityTest, ControlsSayWhatTheyAreAndWhatIsChosen) {
     BadgeLabel badge(PaneBadge{u"VALID"_s});
     EXPECT_EQ(role(badge), QAccessible::StaticText);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&badge)->text(QAccessible::Name), u"VALID"_s);
+}
+
+TEST(FocusOrderTest, GoesFromRowToRowWhateverIsHiddenThere) {
+    QWidget area;
+    QLineEdit hidden(&area);
+    hidden.setGeometry(0, 0, 10, 100);
+    hidden.hide();
+    QLineEdit upper(&area);
+    upper.setGeometry(100, 10, 80, 20);
+    QLineEdit lowerRight(&area);
+    lowerRight.setGeometry(200, 40, 80, 20);
+    QLineEdit lowerLeft(&area);
+    lowerLeft.setGeometry(0, 40, 80, 20);
+    area.show();
+    QApplication::setActiveWindow(&area);
+    upper.setFocus();
+    for (const auto* const next : {&lowerLeft, &lowerRight, &upper}) {
+        ASSERT_TRUE(FocusOrder::step(area, FocusOrder::Direction::next));
+        EXPECT_TRUE(next->hasFocus());
+    }
 }
 
 TEST(KeyNamesTest, WritesKeysByNameWhereTheyHaveNoSigns) {
