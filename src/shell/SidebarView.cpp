@@ -5,7 +5,6 @@
 #include "chrome/PaneButton.h"
 #include "shell/ToolCatalogue.h"
 
-#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QStyledItemDelegate>
@@ -52,26 +51,8 @@ protected:
         return isSection(index) ? index.siblingAtRow(index.row() + 1) : index;
     }
 
-    void focusInEvent(QFocusEvent* event) override {
-        m_keyboardIsUsed = event->reason() != Qt::MouseFocusReason;
-        QListWidget::focusInEvent(event);
-    }
-
-    void keyPressEvent(QKeyEvent* event) override {
-        m_keyboardIsUsed = true;
-        viewport()->update();
-        QListWidget::keyPressEvent(event);
-    }
-
-    void mousePressEvent(QMouseEvent* event) override {
-        m_keyboardIsUsed = false;
-        QListWidget::mousePressEvent(event);
-    }
-
 private:
     class Delegate;
-
-    bool m_keyboardIsUsed = false;
 };
 
 class SidebarView::List::Delegate : public QStyledItemDelegate {
@@ -102,7 +83,7 @@ public:
         } else if (option.state.testFlag(QStyle::State_MouseOver)) {
             Painting::box(*painter, row, kRowRadius, themeColor(ColorRole::hover));
         }
-        if (isSelected && m_list.hasFocus() && m_list.m_keyboardIsUsed) {
+        if (isSelected && m_list.hasFocus()) {
             Painting::box(*painter, row, kRowRadius, {}, themeColor(ColorRole::accent), kFocusLine);
         }
         const QRect icon(kIconX, row.top(), kIcon, row.height());
@@ -123,6 +104,7 @@ SidebarView::List::List(const ToolCatalogue& catalogue, QWidget* parent) : QList
     itemDelegate()->setParent(this);
     setFrameShape(QFrame::NoFrame);
     setAccessibleName(tr("Tools"));
+    setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard to the tool
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMouseTracking(true);
     viewport()->setAutoFillBackground(false);

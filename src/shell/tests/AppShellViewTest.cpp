@@ -175,6 +175,7 @@ TEST_F(AppShellViewTest, SelectsTheToolThatIsClicked) {
     const auto* const row = list.findItems(QStringLiteral("JWT"), Qt::MatchExactly).first();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(row).center());
     EXPECT_EQ(window().selectedToolID(), QStringLiteral("jwt"));
+    EXPECT_TRUE(window().toolView().isAncestorOf(QApplication::focusWidget())) << "to paste into it";
     const auto* const section = list.findItems(QStringLiteral("DATA"), Qt::MatchExactly).first();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(section).center());
     EXPECT_EQ(window().selectedToolID(), QStringLiteral("jwt"));
