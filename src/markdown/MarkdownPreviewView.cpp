@@ -116,10 +116,10 @@ MarkdownPreviewView::MarkdownPreviewView(MarkdownFolderAccess& access, QWidget* 
 }
 
 void MarkdownPreviewView::setFolder(const QString& folder) {
+    m_shown.reset(); // the document that comes asks for its images, even if it is the same
     const auto base = folder.isEmpty() ? QUrl() : MarkdownLocalImages::addressOf(folder);
     if (base != (address() == QUrl(u"about:blank"_s) ? QUrl() : address())) {
         m_map.reset();
-        m_shown.reset();
         loadHtml(MarkdownPreviewPage::html(), base);
     }
 }

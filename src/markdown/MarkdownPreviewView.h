@@ -25,7 +25,7 @@ public:
     // Shows the document, or the newest of several: the page gets the next one when it has laid out the last.
     // A page that is long at work on one begins anew for one that is much shorter.
     void setBody(const Rendering& rendering);
-    // The folder that relative addresses of images start at; may be empty.
+    // A document was opened: the folder that relative addresses of images start at; may be empty.
     void setFolder(const QString& folder);
 
     // Of the last layout; nothing before the first one.

@@ -139,6 +139,9 @@ TEST_F(MarkdownToolViewTest, ShowsImagesBesideTheDocumentOnceTheFolderIsAllowed)
     auto* const prompt = pane(u"Preview"_s).findChild<PromptBar*>();
     ASSERT_TRUE(waitUntil([&] { return prompt->isVisible(); }));
     EXPECT_EQ(inPage(widths), (QJsonArray{0, 0}));
+    model.open(model.filePath());
+    ASSERT_TRUE(waitUntil([&] { return !prompt->isVisible(); }));
+    ASSERT_TRUE(waitUntil([&] { return prompt->isVisible(); })) << "opened again, it asks again";
     view.folderAccess().grant(folder.path());
     EXPECT_TRUE(waitUntil([&] { return inPage(widths) == QJsonArray{20, 0}; }));
     EXPECT_FALSE(prompt->isVisible());
