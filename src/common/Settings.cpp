@@ -17,8 +17,10 @@ void Settings::start() {
     if (m_file.status() != QSettings::NoError) {
         m_damagedFile = m_file.fileName();
     }
-    m_file.moveToThread(&m_thread);
     m_thread.start();
+    if (m_thread.isRunning()) { // Where no more threads can be had, this one keeps the file.
+        m_file.moveToThread(&m_thread);
+    }
 }
 
 Settings::~Settings() {

@@ -39,7 +39,7 @@ private:
     QHash<QString, QVariant> m_values;
     QString m_damagedFile;
     QThread m_thread;
-    QSettings m_file; // lives in the thread
+    QSettings m_file; // lives in the thread, if there is one
 };
 
 } // namespace tarnquill
