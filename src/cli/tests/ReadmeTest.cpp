@@ -8,8 +8,8 @@ namespace tarnquill::cli {
 
 namespace {
 
-constexpr std::string_view kIndent = "    ";
-constexpr std::string_view kPrompt = "    $ ";
+constexpr std::string_view kPrompt = "$ ";
+constexpr std::string_view kFence = "```";
 
 std::string replaced(std::string text, std::string_view from, std::string_view to) {
     for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
@@ -35,8 +35,8 @@ TEST(Readme, ShowsWhatTheCommandsPrint) {
         }
         const auto command = line.substr(kPrompt.size());
         std::string expected;
-        while (std::getline(readme, line) && line.starts_with(kIndent)) {
-            expected += line.substr(kIndent.size()) + '\n';
+        while (std::getline(readme, line) && !line.empty() && line != kFence) {
+            expected += line + '\n';
         }
         const auto outcome = runShell("TZ=UTC; export TZ; " + replaced(command, "tarnquill-cli", "$CLI"));
         EXPECT_EQ(shown(outcome.output + outcome.error), expected) << command;
