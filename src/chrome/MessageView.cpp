@@ -91,12 +91,16 @@ QSize MessageView::minimumSizeHint() const {
     return {0, 0};
 }
 
-// Where the icon, the title and the text stand together.
+int MessageView::iconExtent() const {
+    return m_kind == Kind::error ? 28 : 32;
+}
+
+// Where the icon, the title and the text stand together; without the icon where there is no room for all.
 QRect MessageView::block() const {
-    const int icon = m_kind == Kind::error ? 28 : 32;
     const QSize text = m_text->sizeFor(std::min(kWidest, width() - 2 * kSide));
-    const int height =
-        icon + kBelowIcon + Theme::lineHeight(FontRole::messageTitle) + kBelowTitle + text.height();
+    const int words = Theme::lineHeight(FontRole::messageTitle) + kBelowTitle + text.height();
+    const int all = iconExtent() + kBelowIcon + words;
+    const int height = all <= this->height() ? all : words;
     return {0, std::max(0, (this->height() - height) / 2), width(), height};
 }
 
@@ -104,6 +108,7 @@ void MessageView::placeText() {
     const QSize size = m_text->sizeFor(std::min(kWidest, width() - 2 * kSide));
     m_text->setGeometry((width() - size.width()) / 2, block().bottom() + 1 - size.height(), size.width(),
                         size.height());
+    setToolTip(rect().contains(m_text->geometry()) ? QString() : m_text->text());
 }
 
 void MessageView::resizeEvent(QResizeEvent*) {
@@ -115,12 +120,14 @@ void MessageView::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), themeColor(ColorRole::background));
     const QRect area = block();
     const bool isError = m_kind == Kind::error;
-    const int icon = isError ? 28 : 32;
-    Symbols::draw(painter, QRectF((width() - icon) / 2.0, area.top(), icon, icon), m_symbol,
-                  themeColor(isError ? ColorRole::badIcon : ColorRole::muted),
-                  isError ? Symbols::kStroke : Symbols::kThinStroke);
-    const QRect title(kSide, area.top() + icon + kBelowIcon, width() - 2 * kSide,
-                      Theme::lineHeight(FontRole::messageTitle));
+    const int titleHeight = Theme::lineHeight(FontRole::messageTitle);
+    const QRect title(kSide, m_text->y() - kBelowTitle - titleHeight, width() - 2 * kSide, titleHeight);
+    if (title.top() > area.top()) {
+        const int icon = iconExtent();
+        Symbols::draw(painter, QRectF((width() - icon) / 2.0, area.top(), icon, icon), m_symbol,
+                      themeColor(isError ? ColorRole::badIcon : ColorRole::muted),
+                      isError ? Symbols::kStroke : Symbols::kThinStroke);
+    }
     Painting::text(painter, title, m_title, FontRole::messageTitle, themeColor(ColorRole::text),
                    Qt::AlignCenter);
 }

@@ -1,5 +1,5 @@
 // Says in the middle of a pane why there is nothing else to see: an error, or that something is to be chosen
-// first.
+// first. What a low pane cuts off of the text is its tool tip.
 #pragma once
 
 #include <QWidget>
@@ -34,6 +34,7 @@ protected:
 private:
     class Text;
 
+    [[nodiscard]] int iconExtent() const;
     [[nodiscard]] QRect block() const;
     void placeText();
 

@@ -282,7 +282,6 @@ void JWTToolView::makeTimePane() {
     scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scrolled->setFocusPolicy(Qt::NoFocus);
     scrolled->setWidget(m_claimList);
-    m_noClaims->setMessage(u"No time claims"_s, u"The payload has no exp, nbf or iat."_s, u"clock"_s);
     m_claimPages->addWidget(scrolled);
     m_claimPages->addWidget(m_noClaims);
     m_copyTimes = makeCopyButton(u"Copy the time claims as JSON"_s);
@@ -461,6 +460,10 @@ void JWTToolView::showTimes() {
             m_claimRows[i]->setClaim(m_model.decoded()->timeClaims[i].name, claims[i]);
         }
     }
+    m_noClaims->setMessage(u"No time claims"_s,
+                           m_model.payload().isEmpty() ? u"There is no payload to read them from."_s
+                                                       : u"The payload has no exp, nbf or iat."_s,
+                           u"clock"_s);
     m_claimPages->setCurrentIndex(claims.empty() ? 1 : 0);
     const auto validity = m_model.validity();
     m_timePane->header().setBadge(validity ? std::optional(badgeOf(*validity)) : std::nullopt);

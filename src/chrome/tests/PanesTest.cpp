@@ -124,6 +124,11 @@ TEST_F(PanesTest, AnErrorStandsInPlaceOfTheContentAndLeadsToItsSpot) {
     QTest::mouseClick(text, Qt::LeftButton);
     QTest::keyClick(text, Qt::Key_Return);
     EXPECT_EQ(activated.count(), 2);
+    auto* message = output->findChild<MessageView*>();
+    message->resize(200, 60);
+    EXPECT_EQ(message->toolTip(), QString()) << "there is room without the icon";
+    message->resize(200, 36);
+    EXPECT_EQ(message->toolTip(), u"Line 3, column 7"_s);
     output->showContent();
     EXPECT_TRUE(output->content()->isVisible());
 }
