@@ -142,6 +142,9 @@ TEST_F(MarkdownToolViewTest, ShowsImagesBesideTheDocumentOnceTheFolderIsAllowed)
     model.open(model.filePath());
     ASSERT_TRUE(waitUntil([&] { return !prompt->isVisible(); }));
     ASSERT_TRUE(waitUntil([&] { return prompt->isVisible(); })) << "opened again, it asks again";
+    // A request that is still to be refused would answer for the next one, too.
+    const auto areDone = u"return [...document.images].every(image => image.complete);"_s;
+    ASSERT_TRUE(waitUntil([&] { return inPage(areDone) == true; }));
     view.folderAccess().grant(folder.path());
     EXPECT_TRUE(waitUntil([&] { return inPage(widths) == QJsonArray{20, 0}; }));
     EXPECT_FALSE(prompt->isVisible());
