@@ -97,6 +97,11 @@ ScriptBridge::ScriptBridge(QWebEnginePage& page, const QStringList& handlers)
         script(channelLibrary() + QString::fromLatin1(kChannelScript), QWebEngineScript::ApplicationWorld));
 }
 
+void ScriptBridge::findScripts(const std::function<void(bool areThere)>& answer) {
+    m_page.runJavaScript(u"typeof tarnquillPost"_s, QWebEngineScript::ApplicationWorld,
+                         [answer](const QVariant& type) { answer(type.toString() == u"function"); });
+}
+
 void ScriptBridge::call(const QString& body, const QJsonObject& arguments, const WebPage::Answer& answer) {
     const auto id = ++m_lastCall;
     m_calls.insert(id, answer);

@@ -9,6 +9,8 @@
 #include <QHash>
 #include <QObject>
 
+#include <functional>
+
 class QWebEnginePage;
 
 namespace tarnquill {
@@ -20,6 +22,9 @@ public:
     // Offers `window.webkit.messageHandlers.<name>.postMessage(body)` to the scripts of every document that
     // the page loads from now on. The page has to live as long as the bridge.
     ScriptBridge(QWebEnginePage& page, const QStringList& handlers);
+
+    // Tells whether the document has got the scripts of the bridge. The answer is no when the page is gone.
+    void findScripts(const std::function<void(bool areThere)>& answer);
 
     // Runs the statements as the body of an async function whose parameters are the arguments' names, and
     // hands on what it returns in the end:

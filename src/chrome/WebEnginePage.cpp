@@ -211,7 +211,9 @@ WebEnginePage::WebEnginePage(Setup setup, Client& client)
             [this](const QString& path, bool isWritten) { m_client.pagePrinted(path, isWritten); });
 }
 
-WebEnginePage::~WebEnginePage() = default;
+WebEnginePage::~WebEnginePage() {
+    m_state = State::empty; // what the page still answers is for nobody
+}
 
 QWidget& WebEnginePage::view() {
     return *m_view;
@@ -246,6 +248,7 @@ void WebEnginePage::loadAddress(const QUrl& address) {
 
 void WebEnginePage::reload() {
     m_state = State::loading;
+    ++m_loads;
     m_bridge->failCalls(u"The page was loaded again."_s);
     if (m_html) {
         m_page->setHtml(*m_html, m_address);
@@ -267,11 +270,32 @@ void WebEnginePage::restart() {
 
 void WebEnginePage::finishLoad(bool ok) {
     // A refused navigation also ends as a failed load, while the page stays what it is.
-    if (ok && m_state == State::loading) {
-        m_state = State::loaded;
-        m_sinceLoad.start();
-        m_client.pageLoaded();
+    if (!ok || m_state != State::loading) {
+        return;
     }
+    // On a busy machine the scripts that go into every document may never reach a new process. They do when
+    // they are set again.
+    m_bridge->findScripts([this, load = m_loads](bool areThere) {
+        if (m_state != State::loading || load != m_loads) {
+            return;
+        }
+        if (areThere || m_isSecondTry) {
+            finishLoadWithScripts();
+        } else {
+            m_isSecondTry = true;
+            const auto scripts = m_page->scripts().toList();
+            m_page->scripts().clear();
+            m_page->scripts().insert(scripts);
+            reload();
+        }
+    });
+}
+
+void WebEnginePage::finishLoadWithScripts() {
+    m_isSecondTry = false;
+    m_state = State::loaded;
+    m_sinceLoad.start();
+    m_client.pageLoaded();
 }
 
 void WebEnginePage::processDied() {
@@ -284,6 +308,7 @@ void WebEnginePage::processDied() {
         m_deaths = 0;
     }
     m_state = State::empty;
+    m_isSecondTry = false;
     m_bridge->failCalls(u"The page's process has ended."_s);
     const bool isReloading = ++m_deaths <= kMostDeaths;
     if (isReloading) {

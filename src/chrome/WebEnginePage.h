@@ -45,6 +45,7 @@ private:
     enum class State { empty, loading, loaded };
 
     void finishLoad(bool ok);
+    void finishLoadWithScripts();
     void processDied();
 
     Setup m_setup;
@@ -52,6 +53,8 @@ private:
     std::optional<QString> m_html;
     QUrl m_address;
     State m_state = State::empty;
+    int m_loads = 0;
+    bool m_isSecondTry = false; // of a document that did not get its scripts
     bool m_isRestarting = false;
     int m_deaths = 0;
     QElapsedTimer m_sinceLoad;
