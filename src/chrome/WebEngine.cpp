@@ -61,7 +61,7 @@ void WebEngine::load() {
         Q_EMIT ready();
         return;
     }
-    if (m_loading.isPending() || m_reading.isPending()) {
+    if (m_loading.isPending()) {
         return;
     }
     // The engine would end the whole program. Scripts that start it as root on purpose switch its sandbox
@@ -86,7 +86,7 @@ void WebEngine::finishLoad(bool isLoaded) {
         return;
     }
     module->registerSchemes(schemes());
-    m_reading.start(
+    m_loading.start(
         0ms,
         [module](const std::stop_token&) {
             module->readAhead();

@@ -39,7 +39,6 @@ private:
     void fail(const QString& failure);
 
     LatestTask m_loading;
-    LatestTask m_reading; // after it
     WebEngineModule* m_module = nullptr;
     QString m_failure;
 };

@@ -299,6 +299,7 @@ void WebEnginePage::finishLoadWithScripts() {
 }
 
 void WebEnginePage::processDied() {
+    m_isSecondTry = false;
     // Pages are loaded later, not from within the signal, while the page still lets go of the process.
     if (std::exchange(m_isRestarting, false)) {
         QTimer::singleShot(0, this, &WebEnginePage::reload);
@@ -308,7 +309,6 @@ void WebEnginePage::processDied() {
         m_deaths = 0;
     }
     m_state = State::empty;
-    m_isSecondTry = false;
     m_bridge->failCalls(u"The page's process has ended."_s);
     const bool isReloading = ++m_deaths <= kMostDeaths;
     if (isReloading) {

@@ -49,10 +49,6 @@ void StandardOutput::write(std::string_view text) {
     if (!text.empty()) {
         m_last = text.back();
     }
-    if (text.size() > kBlockSize && !m_thread.joinable() && m_blocks.front().empty()) {
-        writeAll(text); // a long text that nothing precedes needs no copy
-        return;
-    }
     while (!text.empty()) {
         auto& block = m_blocks[m_filling % kBlocks];
         const auto piece = text.substr(0, kBlockSize - block.size());

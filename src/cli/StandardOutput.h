@@ -23,8 +23,8 @@ public:
     // message.
     void write(std::string_view text);
 
-    // The same at once and on the calling thread, for pieces that several threads make in turn and that are
-    // long enough. To be called before any write(), as what that was given may still wait in a block.
+    // The same at once and on the calling thread, for a whole result and for long pieces that several threads
+    // make in turn. To be called before any write(), as what that was given may still wait in a block.
     void writeWithoutCopy(std::string_view text);
 
     // Writes a line feed, unless the last thing written was one.

@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
         if (!result.error.empty()) {
             std::cerr << result.error << '\n';
         }
-        tarnquill::cli::StandardOutput().write(result.output);
+        tarnquill::cli::StandardOutput().writeWithoutCopy(result.output);
         return result.exitStatus;
     } catch (const std::bad_alloc&) {
         std::cerr << "Not enough memory.\n";
